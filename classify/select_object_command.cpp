@@ -1,0 +1,50 @@
+#include "classify/select_object_command.h"
+
+#include "frame/command_frame.h"
+#include "frame/entity_gathering.h"
+#include "frame/prompts.h"
+#include "frame/selection_result.h"
+#include "objects/validation.h"
+
+namespace {
+
+// `test` tells whether an entity of a drawing with this store has the name.
+template <class Test> void selectByName(Test test)
+{
+    const CommandFrame frame;
+    if (!frame)
+        return;
+    EntityList entities;
+    pickFirstEntities(entities);
+    const std::optional<std::wstring> name = askObjectName();
+    if (!name || !gatherIfEmpty(entities, Fallback::scan))
+        return;
+
+    filterEntities(entities);
+    if (entities.empty())
+        return tellSelected(entities);
+    const AcDbObjectId store = currentStore();
+    keepIf(entities, [&](AcDbObjectId entity) {
+        return test(frame.description(), store, entity, *name);
+    });
+    selectAndTell(entities);
+}
+
+} // namespace
+
+void selectByObject()
+{
+    selectByName([](const Description& description, AcDbObjectId store, AcDbObjectId entity,
+                    const std::wstring& name) {
+        return validateObject(description, store, entity, name, Values::any, Fields::all);
+    });
+}
+
+void selectByClass()
+{
+    selectByName([](const Description& description, AcDbObjectId store, AcDbObjectId entity,
+                    const std::wstring& name) {
+        const ClassDef* const classDef = findClass(description.rootClass, name);
+        return classDef && classValid(description, store, entity, *classDef);
+    });
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "host/db/symbol_table.h"
+#include "host/geom/point.h"
+
+#include <memory>
+
+class AcDbEntity;
+class AcDbBlockTableRecordIterator;
+
+// A block definition or a space: a BLOCK_RECORD (R12 has none; it is implicit there) with its BLOCK
+// and the entities.
+class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
+    ACRX_DECLARE_MEMBERS(AcDbBlockTableRecord)
+public:
+    AcDbBlockTableRecord() = default;
+
+    // The entity becomes the block's last and is then open for write.
+    Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
+    Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
+    // From the first to the last entity; erased ones left out unless asked for.
+    Acad::ErrorStatus newIterator(std::unique_ptr<AcDbBlockTableRecordIterator>& iterator,
+                                  bool atBeginning = true, bool skipDeleted = true) const;
+
+    bool isAnonymous() const; // "*U12", "*D3"; the spaces are none
+    bool isLayout() const;    // a space
+    bool isFromExternalReference() const;
+    bool hasAttributeDefinitions() const;
+    AcGePoint3d origin() const;
+    int blockInsertUnits()
+        const; // 70 of the record; in files without it the units of its extended data, else 0
+    AcDbObjectId getLayoutId() const;
+    std::wstring comments() const;
+    // The dynamic block that an anonymous one stands for; null id when it stands for none.
+    AcDbObjectId dynamicDefinition() const;
+    bool isDynamicBlock() const;
+
+    std::string recordName() const override { return "BLOCK_RECORD"; }
+    std::span<const std::string_view> markers() const override;
+
+protected:
+    host::Subclass part() const override;
+};
+
+class AcDbBlockTable : public AcDbSymbolTable {
+    ACRX_DECLARE_MEMBERS(AcDbBlockTable)
+public:
+    using Record = AcDbBlockTableRecord;
+    AcDbBlockTable() = default;
+};
+
+// Names of the spaces, compared without case; R12's "$MODEL_SPACE" counts as the same.
+inline constexpr const wchar_t* ACDB_MODEL_SPACE = L"*Model_Space";
+inline constexpr const wchar_t* ACDB_PAPER_SPACE = L"*Paper_Space";
+
+// Walks a block's entities by number: it opens nothing by itself, and entities appended meanwhile
+// are met too.
+class AcDbBlockTableRecordIterator {
+public:
+    AcDbBlockTableRecordIterator(host::Drawing& drawing, std::uint32_t block, bool atBeginning,
+                                 bool skipDeleted);
+    void start(bool atBeginning = true, bool skipDeleted = true);
+    bool done() const;
+    void step(bool forward = true, bool skipDeleted = true);
+    Acad::ErrorStatus getEntityId(AcDbObjectId& id) const;
+    AcDbObjectId entityId() const;
+    Acad::ErrorStatus getEntity(AcDbEntity*& entity, AcDb::OpenMode mode = AcDb::kForRead,
+                                bool openErased = false) const;
+
+private:
+    void skip(bool forward);
+
+    host::Drawing& drawing_;
+    std::uint32_t block_;
+    std::ptrdiff_t at_ = 0;
+    bool skipDeleted_ = true;
+};

@@ -1,0 +1,137 @@
+#pragma once
+
+#include "host/db/drawing_format.h"
+#include "host/db/object_pointer.h"
+#include "host/db/reactors.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+class AcDbBlockTable;
+class AcDbDictionary;
+class AcDbDimStyleTable;
+class AcDbLayerTable;
+class AcDbLinetypeTable;
+class AcDbRegAppTable;
+class AcDbTextStyleTable;
+class AcDbUCSTable;
+class AcDbViewTable;
+class AcDbViewportTable;
+
+namespace host {
+struct Lookups;
+}
+
+// One drawing in memory. The address of a deleted database is not handed out again, since maps of
+// applications have it as their key; objects of this class are made by new.
+class AcDbDatabase : public AcRxObject {
+    ACRX_DECLARE_MEMBERS(AcDbDatabase)
+public:
+    // A new metric drawing, or an empty one that readDwgFile fills.
+    explicit AcDbDatabase(bool buildDefaultDrawing = true, bool noDocument = false);
+    ~AcDbDatabase() override;
+    AcDbDatabase(const AcDbDatabase&) = delete;
+    AcDbDatabase& operator=(const AcDbDatabase&) = delete;
+    static void* operator new(std::size_t size);
+    static void operator delete(void* place);
+
+    // Into an empty database, else eInvalidInput. The content decides, not the name. `message`, if
+    // given, gets the text for the user. After a failure the database is empty again.
+    Acad::ErrorStatus readDwgFile(const std::filesystem::path& path,
+                                  std::wstring* message = nullptr);
+    // In the form and version as read.
+    Acad::ErrorStatus saveAs(const std::filesystem::path& path, std::wstring* message = nullptr);
+    std::wstring getFilename() const; // as last read or saved; empty for a new drawing
+    void setFilename(std::wstring name) { fileName_ = std::move(name); }
+    const std::vector<std::wstring>& warnings() const { return drawing_->warnings; }
+    bool isModified() const; // something differs from the file as opened or last saved
+
+    // Opening a table fails only for the open modes.
+    AcDbObjectId blockTableId() const;
+    AcDbObjectId layerTableId() const;
+    AcDbObjectId linetypeTableId() const;
+    AcDbObjectId textStyleTableId() const;
+    AcDbObjectId dimStyleTableId() const;
+    AcDbObjectId regAppTableId() const;
+    AcDbObjectId ucsTableId() const;
+    AcDbObjectId viewTableId() const;
+    AcDbObjectId viewportTableId() const;
+    Acad::ErrorStatus getSymbolTable(AcDbBlockTable*& table, AcDb::OpenMode mode);
+    Acad::ErrorStatus getSymbolTable(AcDbLayerTable*& table, AcDb::OpenMode mode);
+    Acad::ErrorStatus getSymbolTable(AcDbLinetypeTable*& table, AcDb::OpenMode mode);
+    Acad::ErrorStatus getSymbolTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode);
+    Acad::ErrorStatus getSymbolTable(AcDbDimStyleTable*& table, AcDb::OpenMode mode);
+    Acad::ErrorStatus getSymbolTable(AcDbRegAppTable*& table, AcDb::OpenMode mode);
+    Acad::ErrorStatus getSymbolTable(AcDbUCSTable*& table, AcDb::OpenMode mode);
+    Acad::ErrorStatus getSymbolTable(AcDbViewTable*& table, AcDb::OpenMode mode);
+    Acad::ErrorStatus getSymbolTable(AcDbViewportTable*& table, AcDb::OpenMode mode);
+
+    AcDbObjectId namedObjectsDictionaryId() const;
+    Acad::ErrorStatus getNamedObjectsDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode);
+
+    // "*Model_Space" and the space of the active layout; null id never.
+    AcDbObjectId modelSpaceId() const;
+    AcDbObjectId paperSpaceId() const;
+    AcDbObjectId currentSpaceId() const { return modelSpaceId(); }
+    AcDbObjectId layerZero() const;
+    AcDbObjectId byLayerLinetype() const;
+    AcDbObjectId byBlockLinetype() const;
+    AcDbObjectId continuousLinetype() const;
+    AcDbObjectId clayer() const;
+
+    // eUnknownHandle when no living object has the handle.
+    Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, AcDbHandle handle) const;
+
+    int luprec() const;   // LUPREC: digits of linear display, 4 where the file does not say
+    int insunits() const; // INSUNITS: 0 unitless
+    int measurement() const;
+
+    void addReactor(AcDbDatabaseReactor* reactor);
+    void removeReactor(AcDbDatabaseReactor* reactor);
+    // Walks a copy of the list: reactors add and remove themselves inside a call.
+    template <class Call> void tellReactors(Call call)
+    {
+        const std::vector<AcDbDatabaseReactor*> now = reactors_;
+        for (AcDbDatabaseReactor* reactor : now)
+            if (std::find(reactors_.begin(), reactors_.end(), reactor) != reactors_.end())
+                call(*reactor);
+    }
+
+    host::Drawing& drawing() const { return *drawing_; }
+    host::Lookups& lookups() const { return *lookups_; }
+
+    // The open database with this number, or null.
+    static AcDbDatabase* withNumber(std::uint32_t number);
+
+private:
+    // Of an object: its tags where they differ from the image, and whether it is there.
+    struct Saved {
+        std::shared_ptr<const host::TagList> tags;
+        bool living = false;
+        bool operator==(const Saved&) const = default;
+    };
+    Saved now(std::uint32_t stub) const;
+    template <class T> Acad::ErrorStatus openTable(T*& table, AcDb::OpenMode mode);
+
+    const std::uint32_t number_;
+    std::unique_ptr<host::Lookups> lookups_;
+    std::unique_ptr<host::Drawing> drawing_;
+    std::wstring fileName_;
+    std::map<std::uint32_t, Saved> saved_; // what differed from the image when it was saved
+    std::vector<AcDbDatabaseReactor*> reactors_;
+};
+
+// What the database asks of the program around it.
+class AcDbHostApplicationServices {
+public:
+    AcDbDatabase* workingDatabase() const { return working_; }
+    void setWorkingDatabase(AcDbDatabase* database) { working_ = database; }
+
+private:
+    AcDbDatabase* working_ = nullptr;
+};
+
+AcDbHostApplicationServices* acdbHostApplicationServices();

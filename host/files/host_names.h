@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+// Empty when unknown.
+namespace host {
+
+std::wstring computerName();
+std::wstring userName();
+
+} // namespace host

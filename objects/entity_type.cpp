@@ -1,0 +1,73 @@
+#include "objects/entity_type.h"
+
+#include "objects/entity_classes.h"
+
+namespace {
+
+struct TypeWord {
+    AcRxClass* (*desc)();
+    std::wstring_view word;
+};
+
+// Tested by exact class.
+constexpr TypeWord kTypeWords[] = {
+    {AcDbFace::desc, L"3DFace"},
+    {AcDb3dPolyline::desc, L"3DPolyline"},
+    {AcDb3dSolid::desc, L"3DSolid"},
+    {AcDbArc::desc, L"Arc"},
+    {AcDbBlockReference::desc, L"BlockReference"},
+    {AcDbCircle::desc, L"Circle"},
+    {AcDbEllipse::desc, L"Ellipse"},
+    {AcDbHatch::desc, L"Hatch"},
+    {AcDbLine::desc, L"Line"},
+    {AcDbSubDMesh::desc, L"Mesh"},
+    {AcDbMLeader::desc, L"MLeader"},
+    {AcDbMline::desc, L"Mline"},
+    {AcDbMPolygon::desc, L"MPolygon"},
+    {AcDbMText::desc, L"MText"},
+    {AcDbPoint::desc, L"Point"},
+    {AcDbPolyFaceMesh::desc, L"PolyFaceMesh"},
+    {AcDbPolyline::desc, L"Polyline"},
+    {AcDbRay::desc, L"Ray"},
+    {AcDbSpline::desc, L"Spline"},
+    {AcDbSurface::desc, L"Surface"},
+    {AcDbText::desc, L"Text"},
+    {AcDbWipeout::desc, L"Wipeout"},
+    {AcDbXline::desc, L"Xline"},
+};
+
+} // namespace
+
+namespace util {
+
+Acad::ErrorStatus MyDxfFiler::writeString(int code, std::wstring_view text)
+{
+    if (code == 0)
+        dxfName_ = text;
+    else if (code == 100)
+        markers_.emplace_back(text);
+    return Acad::eOk;
+}
+
+std::wstring MyDxfFiler::classMarker() const
+{
+    return markers_.empty() || markers_.back() == L"AcDbEntity" ? dxfName_ : markers_.back();
+}
+
+} // namespace util
+
+std::wstring entityTypeName(const AcDbEntity& entity)
+{
+    const AcRxClass* const exact = entity.isA();
+    for (const TypeWord& row : kTypeWords)
+        if (row.desc() == exact)
+            return std::wstring(row.word);
+    if (entity.isKindOf(AcDbDimension::desc()))
+        return L"Dimension";
+    if (const AcDbProxyEntity* const proxy = AcDbProxyEntity::cast(&entity))
+        return proxy->originalClassName();
+
+    util::MyDxfFiler filer;
+    entity.dxfOutFields(&filer);
+    return filer.classMarker();
+}

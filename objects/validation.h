@@ -1,0 +1,23 @@
+#pragma once
+
+#include "description/description.h"
+
+#include <string_view>
+
+// Whether the records of an entity are right. Nothing is changed or printed.
+
+enum class Values { any, legal };    // whether the values of the records are tested too
+enum class Fields { all, required }; // which fields are
+
+// One value against one definition, whose texts may hold macros of the object.
+bool valueAccepted(const FieldDef& field, const ObjectDef& object, const OdValue& value);
+
+// The entity is an object of that name: each of the object's tables has a record there with the
+// object's key, compared with case, whose values are legal if that is asked for. Where no object has
+// the name, an object of the class of that name will do; its values are not tested.
+bool validateObject(const Description& description, AcDbObjectId storeId, AcDbObjectId entity,
+                    std::wstring_view name, Values values, Fields fields);
+
+// The entity is an object of the class or of a class below it; values are not tested.
+bool classValid(const Description& description, AcDbObjectId storeId, AcDbObjectId entity,
+                const ClassDef& classDef);
