@@ -6,9 +6,10 @@
 #include "frame/selection_result.h"
 #include "objects/conformity.h"
 #include "objects/record_object.h"
-#include "objects/record_walk.h"
 #include "objects/validation.h"
 #include "session/session.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -40,33 +41,34 @@ template <class Test> void selectWhere(Test test)
     filterEntities(entities);
     if (entities.empty())
         return tellSelected(entities);
-    const AcDbObjectId store = currentStore();
-    keepIf(entities, [&](AcDbObjectId entity) { return test(store, entity); });
+    StoredTables tables(currentStore());
+    keepIf(entities, [&](AcDbObjectId entity) { return test(tables, entity); });
     selectAndTell(entities);
 }
 
-bool passesAs(const Description& description, AcDbObjectId store, AcDbObjectId entity,
+bool passesAs(const Description& description, StoredTables& tables, AcDbObjectId entity,
               const std::wstring& name, const Answers& answers)
 {
     if (answers.useObjects &&
-        !validateObject(description, store, entity, name, Values::any, Fields::all))
+        !validateObject(description, tables, entity, name, Values::any, Fields::all))
         return false;
     return !answers.useProperties || conforms(description, entity, name);
 }
 
 // One passing record is enough; an entity without records never passes.
-bool someRecordPasses(const Description& description, AcDbObjectId store, AcDbObjectId entity,
+bool someRecordPasses(const Description& description, StoredTables& tables, AcDbObjectId entity,
                       const Answers& answers)
 {
-    return anyRecord(store, entity, [&](const OdRecord& record) {
-        const ObjectDef* const object = objectOfRecord(description, record, store);
+    const std::vector<OdRecord> records = tables.recordsOf(entity);
+    return std::any_of(records.begin(), records.end(), [&](const OdRecord& record) {
+        const ObjectDef* const object = objectOfRecord(description, record, tables);
         if (!object)
             return false;
         const std::wstring& name = object->props.name;
         if (answers.useProperties && !conforms(description, entity, name))
             return false;
         return !answers.useObjects ||
-               validateObject(description, store, entity, name, Values::any, Fields::all);
+               validateObject(description, tables, entity, name, Values::any, Fields::all);
     });
 }
 
@@ -82,8 +84,8 @@ void selectByConformity()
     if (!name || !ask(answers))
         return;
     const bool match = answers.match != 0;
-    selectWhere([&](AcDbObjectId store, AcDbObjectId entity) {
-        return passesAs(frame.description(), store, entity, *name, answers) == match;
+    selectWhere([&](StoredTables& tables, AcDbObjectId entity) {
+        return passesAs(frame.description(), tables, entity, *name, answers) == match;
     });
 }
 
@@ -96,7 +98,7 @@ void selectAllByConformity()
     if (!ask(answers))
         return;
     const bool match = answers.match != 0;
-    selectWhere([&](AcDbObjectId store, AcDbObjectId entity) {
-        return someRecordPasses(frame.description(), store, entity, answers) == match;
+    selectWhere([&](StoredTables& tables, AcDbObjectId entity) {
+        return someRecordPasses(frame.description(), tables, entity, answers) == match;
     });
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-// `test` tells whether an entity of a drawing with this store has the name.
+// `test` tells whether an entity has the name.
 template <class Test> void selectByName(Test test)
 {
     const CommandFrame frame;
@@ -23,9 +23,9 @@ template <class Test> void selectByName(Test test)
     filterEntities(entities);
     if (entities.empty())
         return tellSelected(entities);
-    const AcDbObjectId store = currentStore();
+    StoredTables tables(currentStore());
     keepIf(entities, [&](AcDbObjectId entity) {
-        return test(frame.description(), store, entity, *name);
+        return test(frame.description(), tables, entity, *name);
     });
     selectAndTell(entities);
 }
@@ -34,17 +34,17 @@ template <class Test> void selectByName(Test test)
 
 void selectByObject()
 {
-    selectByName([](const Description& description, AcDbObjectId store, AcDbObjectId entity,
+    selectByName([](const Description& description, StoredTables& tables, AcDbObjectId entity,
                     const std::wstring& name) {
-        return validateObject(description, store, entity, name, Values::any, Fields::all);
+        return validateObject(description, tables, entity, name, Values::any, Fields::all);
     });
 }
 
 void selectByClass()
 {
-    selectByName([](const Description& description, AcDbObjectId store, AcDbObjectId entity,
+    selectByName([](const Description& description, StoredTables& tables, AcDbObjectId entity,
                     const std::wstring& name) {
         const ClassDef* const classDef = findClass(description.rootClass, name);
-        return classDef && classValid(description, store, entity, *classDef);
+        return classDef && classValid(description, tables, entity, *classDef);
     });
 }

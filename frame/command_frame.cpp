@@ -6,14 +6,12 @@
 
 ResourceScope::ResourceScope()
 {
-    if (AcApDocManager* const documents = acDocManagerPtr())
-        documents->pushResourceHandle(session().resourceModule);
+    acDocManagerPtr()->pushResourceHandle(session().resourceModule);
 }
 
 ResourceScope::~ResourceScope()
 {
-    if (AcApDocManager* const documents = acDocManagerPtr())
-        documents->popResourceHandle();
+    acDocManagerPtr()->popResourceHandle();
 }
 
 CommandFrame::CommandFrame() : description_(session().description)

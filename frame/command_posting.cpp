@@ -7,7 +7,6 @@
 void PostCommandLine(std::wstring_view text)
 {
     AcApDocManager* const documents = acDocManagerPtr();
-    AcApDocument* const current = documents ? documents->curDocument() : nullptr;
-    if (current)
+    if (AcApDocument* const current = documents->curDocument())
         documents->sendStringToExecute(current, std::wstring(text).c_str(), true, false, false);
 }

@@ -11,8 +11,9 @@ void selectResult(const EntityList& entities)
         return;
     for (const AcDbObjectId id : entities) {
         ads_name name{};
+        ads_name grown{};
         if (acdbGetAdsName(name, id) == Acad::eOk)
-            acedSSAdd(&name, &set, set);
+            acedSSAdd(&name, &set, grown);
     }
     acedSSSetFirst(&set, &set);
     acedSSFree(set);

@@ -1,5 +1,7 @@
 #include "objects/conformity.h"
 
+#include "host/db/object_pointer.h"
+
 #include "objects/entity_properties.h"
 #include "objects/entity_type.h"
 

@@ -1,6 +1,5 @@
 #include "objects/record_object.h"
 
-#include "description/stored_table.h"
 #include "host/text/case_mapping.h"
 
 #include <algorithm>
@@ -22,12 +21,12 @@ const ObjectDef* objectOfRecordUnchecked(const Description& description, const O
 }
 
 const ObjectDef* objectOfRecord(const Description& description, const OdRecord& record,
-                                AcDbObjectId storeId)
+                                StoredTables& tables)
 {
     const ObjectDef* const object = objectOfRecordUnchecked(description, record);
     if (!object)
         return nullptr;
-    const auto matches = [&](const TableDef& table) { return tableMatches(table, storeId); };
+    const auto matches = [&](const TableDef& table) { return tables.matches(table); };
     return std::all_of(object->props.tables.begin(), object->props.tables.end(), matches) ? object
                                                                                           : nullptr;
 }

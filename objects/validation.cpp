@@ -2,11 +2,8 @@
 
 #include "description/field_rules.h"
 #include "objects/object_key.h"
-#include "objects/record_walk.h"
 #include "objects/value_macros.h"
 #include "store/od_comparison.h"
-#include "store/od_tables.h"
-#include "store/record_writing.h"
 #include "text/text_comparison.h"
 
 #include <algorithm>
@@ -14,50 +11,80 @@
 
 namespace {
 
-// The value of a field, none for a record that has no such position.
-OdValue valueAt(const OdRecord& record, int position)
-{
-    const auto at = static_cast<std::size_t>(position);
-    return position >= 0 && at < record.fields.size() ? record.fields[at].value : OdValue();
-}
-
 bool fieldIsLegal(const FieldDef& field, const ObjectDef& object, const OdTable& stored,
                   const OdRecord& record, Fields fields)
 {
     if (fields == Fields::required && !field.hasFlag(kRequiredField))
         return true;
     const int position = findField(stored, field.name);
-    if (position < 0)
+    if (position < 0 || static_cast<std::size_t>(position) >= record.fields.size())
         return false;
-    const OdValue value = valueAt(record, position);
+    const OdValue& value = record.fields[static_cast<std::size_t>(position)].value;
     if (field.hasFlag(kNotEmptyField) && value.displayText().empty())
         return false;
     return field.kind == FieldKind::defaultOnly || valueAccepted(field, object, value);
 }
 
-// Some record of the table on the entity has the object's key and, if asked for, legal values.
-bool hasRecordOf(const ObjectDef& object, const TableDef& table, AcDbObjectId storeId,
-                 AcDbObjectId entity, Values values, Fields fields)
-{
-    OdTable stored;
-    if (getTable(storeId, table.name, stored) != AcMap::kOk)
-        return false;
-    const TableKey key = tableKey(table, object);
-    const int keyPosition = findField(stored, key.field);
-    if (keyPosition < 0)
-        return false;
+// What is asked of an entity whose records have been read.
+struct Examination {
+    StoredTables& tables;
+    const std::vector<OdRecord>& records;
+    Values values;
+    Fields fields;
 
-    const OdValue keyValue{key.value};
-    OdRecordIterator iterator = newIterator(stored);
-    return anyRecord(iterator, entity, [&](const OdRecord& record) {
-        if (!valuesEqual(valueAt(record, keyPosition), keyValue))
+    // Some record of the table has the object's key and, if asked for, legal values.
+    bool hasRecordOf(const ObjectDef& object, const TableDef& table) const
+    {
+        const auto carries = [&](const OdRecord& record) { return record.name == table.name; };
+        if (std::none_of(records.begin(), records.end(), carries))
             return false;
-        return values == Values::any ||
-               std::all_of(table.fields.begin(), table.fields.end(), [&](const FieldDef& field) {
-                   return fieldIsLegal(field, object, stored, record, fields);
-               });
-    });
-}
+        const OdTable* const stored = tables.find(table.name);
+        if (!stored)
+            return false;
+        const TableKey key = tableKey(table, object);
+        const int keyPosition = findField(*stored, key.field);
+        if (keyPosition < 0)
+            return false;
+
+        const OdValue keyValue(key.value);
+        const auto qualifies = [&](const OdRecord& record) {
+            return record.name == stored->name &&
+                   static_cast<std::size_t>(keyPosition) < record.fields.size() &&
+                   valuesEqual(record.fields[static_cast<std::size_t>(keyPosition)].value,
+                               keyValue) &&
+                   (values == Values::any ||
+                    std::all_of(table.fields.begin(), table.fields.end(),
+                                [&](const FieldDef& field) {
+                                    return fieldIsLegal(field, object, *stored, record, fields);
+                                }));
+        };
+        return std::any_of(records.begin(), records.end(), qualifies);
+    }
+
+    bool isObject(const ObjectDef& object) const
+    {
+        return std::all_of(object.props.tables.begin(), object.props.tables.end(),
+                           [&](const TableDef& table) { return hasRecordOf(object, table); });
+    }
+
+    bool isOfClass(const Description& description, const ClassDef& classDef) const
+    {
+        const auto named = [&](const std::wstring& name) { return has(description, name); };
+        const auto below = [&](const ClassDef& child) { return isOfClass(description, child); };
+        return std::any_of(classDef.objects.begin(), classDef.objects.end(), named) ||
+               std::any_of(classDef.children.begin(), classDef.children.end(), below);
+    }
+
+    // The object of that name, else the class.
+    bool has(const Description& description, std::wstring_view name) const
+    {
+        if (const ObjectDef* const object = description.findObject(name))
+            return isObject(*object);
+        const ClassDef* const classDef = findClass(description.rootClass, name);
+        return classDef &&
+               Examination{tables, records, Values::any, fields}.isOfClass(description, *classDef);
+    }
+};
 
 } // namespace
 
@@ -82,35 +109,18 @@ bool valueAccepted(const FieldDef& field, const ObjectDef& object, const OdValue
     return false;
 }
 
-bool validateObject(const Description& description, AcDbObjectId storeId, AcDbObjectId entity,
+bool validateObject(const Description& description, StoredTables& tables, AcDbObjectId entity,
                     std::wstring_view name, Values values, Fields fields)
 {
-    const ObjectDef* const object = description.findObject(name);
-    if (!object) {
-        const ClassDef* const classDef = findClass(description.rootClass, name);
-        return classDef && classValid(description, storeId, entity, *classDef);
-    }
-
-    const std::vector<std::wstring> carried = entityTables(storeId, entity);
-    if (carried.empty())
-        return false;
-    return std::all_of(
-        object->props.tables.begin(), object->props.tables.end(), [&](const TableDef& table) {
-            return std::find(carried.begin(), carried.end(), table.name) != carried.end() &&
-                   hasRecordOf(*object, table, storeId, entity, values, fields);
-        });
+    const std::vector<OdRecord> records = tables.recordsOf(entity);
+    return !records.empty() &&
+           Examination{tables, records, values, fields}.has(description, name);
 }
 
-bool classValid(const Description& description, AcDbObjectId storeId, AcDbObjectId entity,
+bool classValid(const Description& description, StoredTables& tables, AcDbObjectId entity,
                 const ClassDef& classDef)
 {
-    return std::any_of(classDef.objects.begin(), classDef.objects.end(),
-                       [&](const std::wstring& name) {
-                           return validateObject(description, storeId, entity, name, Values::any,
-                                                 Fields::all);
-                       }) ||
-           std::any_of(classDef.children.begin(), classDef.children.end(),
-                       [&](const ClassDef& child) {
-                           return classValid(description, storeId, entity, child);
-                       });
+    const std::vector<OdRecord> records = tables.recordsOf(entity);
+    return !records.empty() && Examination{tables, records, Values::any, Fields::all}.isOfClass(
+                                   description, classDef);
 }

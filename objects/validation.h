@@ -1,6 +1,7 @@
 #pragma once
 
 #include "description/description.h"
+#include "objects/stored_tables.h"
 
 #include <string_view>
 
@@ -15,9 +16,9 @@ bool valueAccepted(const FieldDef& field, const ObjectDef& object, const OdValue
 // The entity is an object of that name: each of the object's tables has a record there with the
 // object's key, compared with case, whose values are legal if that is asked for. Where no object has
 // the name, an object of the class of that name will do; its values are not tested.
-bool validateObject(const Description& description, AcDbObjectId storeId, AcDbObjectId entity,
+bool validateObject(const Description& description, StoredTables& tables, AcDbObjectId entity,
                     std::wstring_view name, Values values, Fields fields);
 
 // The entity is an object of the class or of a class below it; values are not tested.
-bool classValid(const Description& description, AcDbObjectId storeId, AcDbObjectId entity,
+bool classValid(const Description& description, StoredTables& tables, AcDbObjectId entity,
                 const ClassDef& classDef);

@@ -15,8 +15,7 @@ std::wstring fileName()
     AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
     if (!database)
         return {};
-    AcApDocManager* const documents = acDocManagerPtr();
-    AcApDocument* const document = documents ? documents->document(database) : nullptr;
+    const AcApDocument* const document = acDocManagerPtr()->document(database);
     return document ? document->fileName() : database->getFilename();
 }
 

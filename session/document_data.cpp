@@ -2,12 +2,10 @@
 
 AcApDataManager::AcApDataManager()
 {
-    if (AcApDocManager* const documents = acDocManagerPtr())
-        documents->addReactor(this);
+    acDocManagerPtr()->addReactor(this);
 }
 
 AcApDataManager::~AcApDataManager()
 {
-    if (AcApDocManager* const documents = acDocManagerPtr())
-        documents->removeReactor(this);
+    acDocManagerPtr()->removeReactor(this);
 }

@@ -4,7 +4,8 @@ namespace {
 
 std::unique_ptr<Session>& runningSession()
 {
-    static std::unique_ptr<Session> running;
+    // the documents are made first, so that they outlive the session, which takes its reactor out
+    static std::unique_ptr<Session> running = (acDocManagerPtr(), nullptr);
     return running;
 }
 

@@ -10,7 +10,7 @@ namespace {
 // Fetched anew each time: the stack belongs to the host.
 AcEdCommandStack* commandStack()
 {
-    return dynamic_cast<AcEdCommandStack*>(acrxSysRegistry()->at(L"ACAD_REGISTERED_COMMANDS"));
+    return AcEdCommandStack::cast(acrxSysRegistry()->at(L"ACAD_REGISTERED_COMMANDS"));
 }
 
 } // namespace

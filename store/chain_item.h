@@ -6,7 +6,6 @@
 // Values as items of an xrecord: 90 integer (32 bits), 40 real, 1 character, 10 point.
 
 OdType typeOfGroup(int group); // none for any other group code
-int groupOfType(OdType type);  // 0 for none
 
 // None for an item of any other group code.
 OdValue valueOfItem(const resbuf& item);

@@ -4,13 +4,24 @@
 
 #include <string>
 
-// A named value of a record, or a field of a table with its default.
+// A named value of a record, or a field of a table with its default. A field that is assigned
+// becomes a copy; only its value, assigned by itself, converts.
 class OdField {
 public:
     OdField() = default;
     explicit OdField(std::wstring name, OdType type = OdType::none)
         : value(type), name_(std::move(name))
     {
+    }
+
+    OdField(const OdField&) = default;
+    OdField(OdField&&) noexcept = default;
+    OdField& operator=(OdField source) noexcept
+    {
+        name_ = std::move(source.name_);
+        description = std::move(source.description);
+        value.become(std::move(source.value));
+        return *this;
     }
 
     const std::wstring& getName() const { return name_; }

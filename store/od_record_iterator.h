@@ -22,6 +22,9 @@ class OdRecordIterator {
 public:
     explicit OdRecordIterator(AcDbObjectId owner, std::optional<std::wstring> tableFilter = {});
 
+    // The store or the table that the walk was made for.
+    AcDbObjectId owner() const { return owner_; }
+
     // Stands on the entity's first record. kEntityNotOpened; kNotFound without an extension
     // dictionary or when none of its entries bears the name of a table; the walk is then done.
     // Entries of other names are passed over up to the first table's, not behind it.
@@ -43,19 +46,20 @@ public:
 
 private:
     struct TableLayout {
-        bool known = false; // the store has an entry of that name
-        std::optional<std::vector<std::wstring>> fieldNames;
+        std::vector<std::wstring> fieldNames;
+        std::size_t items = 0; // of the definition, two for a field
     };
 
     bool entriesDone() const { return !entries_ || entries_->done(); }
+    void useStoreOf(AcDbDatabase& database);
     bool inStore(const std::wstring& name);
-    const std::vector<std::wstring>& fieldNames(const std::wstring& name);
-    AcDbObjectId storeOf(AcDbDatabase& database);
+    const TableLayout& layoutOf(const std::wstring& name);
     void stepToFilter();
     void enterEntry();
     void stepEntry();
     void settle();
-    AcMap::EErrCode readRow(OdRecord& record);
+    AcMap::EErrCode currentChain(ResbufChain& chain);
+    void removeEntry();
 
     AcDbObjectId owner_;                      // the store or the table that the walk was made for
     std::optional<std::wstring> tableFilter_; // exact
@@ -66,13 +70,13 @@ private:
     std::size_t rowLength_ = 0;
     bool lastRow_ = false;
 
-    bool entered_ = false; // whether the current entry has a row at all is not known yet
-    bool rowGone_ = false; // the entry's last row was removed
-    ResbufChain ahead_;    // the chain that settling has read, for the reading that follows
-    bool hasAhead_ = false;
+    bool entered_ = false;             // not yet known whether the current entry has a row at all
+    bool rowGone_ = false;             // the entry's last row was removed
+    std::optional<ResbufChain> ahead_; // what settling has read, for the reading that follows
 
     AcDbObjectId storeId_;
-    std::map<std::wstring, TableLayout, std::less<>> layouts_; // by the entry's name
+    std::map<std::wstring, std::optional<TableLayout>, std::less<>>
+        layouts_; // of entries in the store
 };
 
 // An iterator over all records, and one over those of a table.

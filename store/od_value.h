@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 // The type of a field's value. The numbers stand in descriptions' models and never change.
@@ -29,6 +30,9 @@ public:
     OdValue(OdValue&&) noexcept = default;
     OdValue& operator=(const OdValue& source);
     OdValue& operator=(OdValue&& source);
+
+    // A plain copy, type included; what containers of values need in the place of an assignment.
+    void become(OdValue source) noexcept { value_ = std::move(source.value_); }
 
     // A point's text needs three numbers with commas between; without them the result is the
     // integer 0.

@@ -4,9 +4,15 @@
 #include "host/geom/point.h"
 
 #include <memory>
+#include <string>
+#include <vector>
 
 class AcDbEntity;
 class AcDbBlockTableRecordIterator;
+
+namespace host {
+struct BlockPlace;
+}
 
 // A block definition or a space: a BLOCK_RECORD (R12 has none; it is implicit there) with its BLOCK
 // and the entities.
@@ -26,20 +32,39 @@ public:
     bool isLayout() const;    // a space
     bool isFromExternalReference() const;
     bool hasAttributeDefinitions() const;
+    bool isDependent() const override;
+    // As the BLOCK says; of a new block also before a table takes it.
     AcGePoint3d origin() const;
-    int blockInsertUnits()
-        const; // 70 of the record; in files without it the units of its extended data, else 0
-    AcDbObjectId getLayoutId() const;
+    Acad::ErrorStatus setOrigin(const AcGePoint3d& origin);
     std::wstring comments() const;
+    Acad::ErrorStatus setComments(std::wstring_view text);
+    // 70 of the record; in files without it the units of its extended data, else 0.
+    int blockInsertUnits() const;
+    Acad::ErrorStatus setBlockInsertUnits(int units);
+    AcDbObjectId getLayoutId() const;
     // The dynamic block that an anonymous one stands for; null id when it stands for none.
     AcDbObjectId dynamicDefinition() const;
     bool isDynamicBlock() const;
+
+    Acad::ErrorStatus setName(std::wstring_view name) override; // of its BLOCK too
 
     std::string recordName() const override { return "BLOCK_RECORD"; }
     std::span<const std::string_view> markers() const override;
 
 protected:
     host::Subclass part() const override;
+    Acad::ErrorStatus joined() override; // makes BLOCK and ENDBLK
+    void subErase(bool erasing) override;
+
+private:
+    const host::BlockPlace* place() const;      // null outside of a drawing
+    const host::TagList* beginTags() const;     // of the BLOCK; null without one
+    int beginFlags() const;                     // its 70
+    template <class Change> Acad::ErrorStatus changeBegin(Change change);
+
+    mutable std::shared_ptr<const host::TagList> begin_; // keeps beginTags() alive
+    AcGePoint3d newOrigin_; // until there is a BLOCK
+    std::wstring newComments_;
 };
 
 class AcDbBlockTable : public AcDbSymbolTable {
@@ -68,6 +93,7 @@ public:
                                 bool openErased = false) const;
 
 private:
+    const std::vector<std::uint32_t>& entities() const;
     void skip(bool forward);
 
     host::Drawing& drawing_;

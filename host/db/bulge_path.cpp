@@ -1,7 +1,5 @@
 #include "host/db/bulge_path.h"
 
-#include <algorithm>
-
 namespace host {
 
 namespace {
@@ -66,10 +64,7 @@ Outline outlineOfBulgePath(std::span<const BulgeVertex> vertices, bool closed, d
             outline.push_back(plane * placed(vertices[i], elevation));
             continue;
         }
-        std::vector<AcGePoint3d> points = arc->transformed(plane).sampled(chordTolerance);
-        if (points.size() > 1 && arc->startPoint().distanceTo(placed(vertices[i], elevation)) >
-                                     arc->endPoint().distanceTo(placed(vertices[i], elevation)))
-            std::reverse(points.begin(), points.end()); // a clockwise one runs from its end
+        const std::vector<AcGePoint3d> points = arc->transformed(plane).sampled(chordTolerance);
         outline.insert(outline.end(), points.begin(), points.end() - 1);
     }
     return outline;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "host/db/object.h"
+#include "host/text/case_mapping.h"
 
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 class AcDbDictionaryIterator;
@@ -52,18 +54,31 @@ public:
         std::wstring name;
         AcDbObjectId id;
     };
-    const std::vector<Entry>&
-    entries() const; // erased ones included; computed when first asked for
+    // Erased ones and those that name nothing included; computed when first asked for.
+    const std::vector<Entry>& entries() const;
 
     std::string recordName() const override { return "DICTIONARY"; }
     std::span<const std::string_view> markers() const override;
 
 protected:
-    void tagsReplaced() override { entries_.reset(); }
-    void subErase(bool erasing) override;
+    void tagsReplaced() override { forgetEntries(); }
+    void subErase(bool erasing) override; // takes the entries along, and brings them back
+    void memberErased(AcDbObjectId member) override;
 
 private:
-    mutable std::unique_ptr<std::vector<Entry>> entries_;
+    struct EntryTags;
+    using Positions = std::unordered_map<std::wstring, std::size_t, host::NoCaseHash,
+                                         host::NoCaseEqual>;
+
+    const Entry* find(std::wstring_view name) const; // null for none
+    void complete(); // what a new record says besides its entries
+    EntryTags tagsOfEntry(std::size_t number) const;
+    Acad::ErrorStatus removeEntry(std::size_t number);
+    void forgetEntries() { entries_.clear(), read_ = false; }
+
+    mutable bool read_ = false;
+    mutable std::vector<Entry> entries_;
+    mutable Positions positions_; // of the first entry of each key
 };
 
 class AcDbDictionaryIterator {
@@ -92,4 +107,23 @@ class AcDbDictionaryWithDefault : public AcDbDictionary {
 public:
     AcDbObjectId defaultId() const;
     std::string recordName() const override { return "ACDBDICTIONARYWDFLT"; }
+    std::span<const std::string_view> markers() const override;
 };
+
+namespace host {
+
+// The living entry of a dictionary under a key, found without opening it; null id for none.
+AcDbObjectId dictionaryEntry(Drawing& drawing, std::uint32_t dictionary, std::wstring_view key);
+
+// The key under which a dictionary holds the object; empty for none.
+std::wstring dictionaryKey(Drawing& drawing, std::uint32_t dictionary, std::uint32_t object);
+
+// Takes the entries whose objects are erased out of a dictionary's tags; entries that never named
+// anything stay. True when there were some. What is written to a file goes through this.
+bool dropErasedEntries(const Drawing& drawing, TagList& tags);
+
+// The root dictionary's dictionary of that key ("ACAD_GROUP"), made if the drawing has none; null id
+// when the root cannot be opened for write.
+AcDbObjectId standardDictionary(Drawing& drawing, std::wstring_view key);
+
+} // namespace host

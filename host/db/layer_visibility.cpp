@@ -42,7 +42,7 @@ LayerState readState(Drawing& drawing, std::uint32_t layerNumber)
 
 } // namespace
 
-const LayerState& LayerStates::state(Drawing& drawing, std::uint32_t layerNumber)
+LayerState LayerStates::state(Drawing& drawing, std::uint32_t layerNumber)
 {
     if (generation_ != drawing.symbolGeneration) {
         states_.clear();
@@ -56,7 +56,7 @@ const LayerState& LayerStates::state(Drawing& drawing, std::uint32_t layerNumber
     return *known;
 }
 
-const LayerState& layerState(Drawing& drawing, std::uint32_t layerNumber)
+LayerState layerState(Drawing& drawing, std::uint32_t layerNumber)
 {
     return drawing.database.lookups().layers.state(drawing, layerNumber);
 }

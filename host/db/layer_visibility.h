@@ -26,7 +26,7 @@ struct LayerState {
 // none. Kept by the database, made anew when the symbol tables have changed.
 class LayerStates {
 public:
-    const LayerState& state(Drawing& drawing, std::uint32_t layerNumber);
+    LayerState state(Drawing& drawing, std::uint32_t layerNumber);
 
 private:
     std::vector<std::optional<LayerState>> states_; // by layer number; 0 is layer "0"
@@ -34,7 +34,7 @@ private:
 };
 
 // Number 0 (no layer in the file) is layer "0".
-const LayerState& layerState(Drawing& drawing, std::uint32_t layerNumber);
+LayerState layerState(Drawing& drawing, std::uint32_t layerNumber);
 AcDbObjectId layerRecord(Drawing& drawing, std::uint32_t layerNumber);
 bool layerIsLocked(Drawing& drawing, std::uint32_t layerNumber);
 

@@ -123,6 +123,13 @@ Acad::ErrorStatus AcDbPolyline::setNormal(const AcGeVector3d& normal)
     const AcGeVector3d unit = normal.normal();
     if (isWriteEnabled() && unit == this->normal())
         return Acad::eOk;
+    if (isWriteEnabled() && host::findField(tags(), kPolylinePart, 210) == TagList::npos) {
+        const std::size_t at = vertexPlaces().back(); // behind the vertices, not between them
+        TagList& own = tagsForWrite();
+        for (const unsigned axis : {0u, 1u, 2u})
+            own.insertReal(at + axis, 210 + 10 * static_cast<int>(axis), unit[axis]);
+        return Acad::eOk;
+    }
     return setPoint(kPolylinePart, 210, AcGePoint3d() + unit);
 }
 

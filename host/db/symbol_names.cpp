@@ -62,6 +62,16 @@ void addDefaults(TagList& tags, const SymbolKind& kind, DxfVersion version)
             tags.insertBytes(placeOfField(tags, kind.part, field.code), field.code, field.bytes);
 }
 
+void dropMarkers(TagList& tags)
+{
+    for (std::size_t i = tags.size(); i-- > 1;)
+        if (tags[i].code == 100)
+            tags.erase(i, i + 1);
+    const std::size_t owner = recordHead(tags).owner;
+    if (owner != TagList::npos)
+        tags.erase(owner, owner + 1);
+}
+
 std::wstring symbolName(Drawing& drawing, std::string_view table, std::uint32_t stub)
 {
     const SymbolKind* const kind = symbolKind(table);

@@ -31,6 +31,9 @@ const SymbolKind* symbolKind(std::string_view table); // null for another name
 // Adds what is missing of the defaults of a version to the tags of a record in text form.
 void addDefaults(TagList& tags, const SymbolKind& kind, DxfVersion version);
 
+// Takes subclass markers and the owner out, which R12 has not.
+void dropMarkers(TagList& tags);
+
 // The name of a table record as it stands now; empty where the record gives none.
 std::wstring symbolName(Drawing& drawing, std::string_view table, std::uint32_t stub);
 

@@ -23,17 +23,6 @@ std::string_view tableOfRecord(const AcDbSymbolTableRecord& record)
     return kind ? kind->table : std::string_view();
 }
 
-// R12 has neither markers nor owners.
-void writeAsR12(host::TagList& tags)
-{
-    for (std::size_t i = tags.size(); i-- > 1;)
-        if (tags[i].code == 100)
-            tags.erase(i, i + 1);
-    const std::size_t owner = host::recordHead(tags).owner;
-    if (owner != host::TagList::npos)
-        tags.erase(owner, owner + 1);
-}
-
 // "*U" with the first number that the table has not yet.
 std::wstring numberedName(host::Drawing& drawing, std::string_view table, std::wstring_view stem)
 {
@@ -169,7 +158,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
     if (status != Acad::eOk)
         return status;
     if (old && !blocks)
-        writeAsR12(record->tagsForWrite());
+        host::dropMarkers(record->tagsForWrite());
     id = record->objectId();
     drawn.tables[std::string(table)].records.push_back(id.stubNumber());
     drawn.database.lookups().symbols.added(drawn, table, name, id.stubNumber());

@@ -71,27 +71,33 @@ private:
     struct Level;
     struct Abandoned {}; // leaves a command that goes on asking though everything is over
 
+    // Typed commands.
     std::shared_ptr<const AcEdCommand> find(std::wstring_view name) const;
-    void unknown(std::wstring_view name);
-    bool readCommand();
+    void nameUnknown(std::wstring_view name);
+    bool readCommand(); // false: nothing to read
     void startTyped(const TypedAnswer& typed);
     void startOuter(std::shared_ptr<const AcEdCommand> command, bool cancelAtOnce);
     bool queueFeedsItself(bool queued);
-    void runLevel(Level& level);
-    void runBody(Level& level);
-    void finishInner(Level& level);
-    void tellEnd(Level& level);
-    template <class Call> void tell(Level& level, Call call);
-    void reportFailure(Level& level);
+    void cancelAtCommandPrompt(bool byUser);
+    void finishOuter();
+
+    // Levels.
     void resume(Level& level);
-    int drive(Level& caller);
+    void runLevel(Level& level);
+    void leaveInnerToDriver(Level& level);
+    void guard(Level& level, const std::function<void()>& call);
+    void tell(Level& level, void (AcEditorReactor::*notice)(const wchar_t*));
+    void reportFailure(Level& level);
+    int driveInner(Level& caller);
     void runTransparent(Level& outer, std::shared_ptr<const AcEdCommand> command);
-    bool typedTransparent(Level& level, const Question& question, const TypedAnswer& typed);
+
+    // Prompts.
+    bool takeToken(Level& level, const Question& question, const AnswerTaker& take, int& result);
+    int answerCancelled(Level& level, bool byUser);
+    bool runTypedTransparent(Level& level, const Question& question, const TypedAnswer& typed);
     void waitForDriver(Level& level, const Question& question);
-    int cancelled(Level& level, bool byUser);
-    std::optional<Answer> nextToken(Level& level);
     bool echoesTokens() const;
-    void showPrompt(const std::wstring& prompt);
+    void showPrompt(const Question& question);
     void showAnswer(const TypedAnswer& typed);
     std::deque<QueuedText>* queue() const;
 
@@ -109,6 +115,7 @@ private:
     bool quit_ = false;
     int unknownCommands_ = 0;
     int cancelsInARow_ = 0;
+    bool lastWasQueued_ = false;
     int queuedRounds_ = 0; // queued commands without a character from outside
     std::uint64_t outsideBefore_ = 0;
 };

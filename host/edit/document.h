@@ -37,7 +37,8 @@ struct QueuedText {
 // An open drawing with what the editor keeps for it.
 class AcApDocument {
 public:
-    AcApDocument(std::unique_ptr<AcDbDatabase> database, std::wstring fileName);
+    // `newName` is shown until the drawing has a file.
+    AcApDocument(std::unique_ptr<AcDbDatabase> database, std::wstring newName);
     ~AcApDocument();
 
     // The path; "Drawing1.dxf" and so on for a new drawing, which isNamedDrawing denies.
@@ -111,7 +112,7 @@ public:
 
     // An empty metric drawing; it becomes current.
     AcApDocument* newDocument();
-    // Reads a file; the document becomes current, one that has the file open already as it is.
+    // Reads a file; the document becomes current.
     // Null with a message for the user when it cannot be read. With eOk a message may tell what was
     // kept though wrong.
     AcApDocument* openDocument(const std::filesystem::path& path, bool readOnly,

@@ -19,6 +19,7 @@ enum class Origin { script, terminal };
 struct AnswerForm {
     bool takesSpaces = false;      // only a line end ends it
     bool takesExpression = false;  // one that begins with "(" goes on to the matching ")"
+    bool queueBeforeCancel = false; // a cancel that was requested waits behind queued text
 };
 
 // What was read: characters up to the blank or line end that ended them.
@@ -50,7 +51,7 @@ public:
     void requestCancel() { cancelRequested_ = true; } // from a signal handler, too
     // Read before all that waits outside.
     void insert(std::wstring_view text);
-    // A line that has no end yet, of the outside, gets one.
+    // A line of the outside that has no end yet gets one.
     void endLine();
 
     // `queue` may be null. An answer that is under way stays so until it is complete.
@@ -99,6 +100,9 @@ private:
     std::atomic<bool> cancelRequested_ = false;
     std::uint64_t outsideRead_ = 0;
 };
+
+// CR LF and CR become LF.
+std::wstring withPlainLineEnds(std::wstring_view text);
 
 // The text of a script file without its comments: lines that begin with ";".
 std::wstring withoutComments(std::wstring_view script);

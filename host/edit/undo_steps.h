@@ -17,8 +17,8 @@ public:
     void begin();
     void end();
 
-    // After each group that was closed.
-    void groupClosed(Drawing& drawing);
+    // After each group that was closed, with the number of groups before it.
+    void groupClosed(Drawing& drawing, std::size_t groupsBefore);
 
     // Takes back, or does again, one step: the name of its first group; empty when there is none.
     std::wstring undo(Drawing& drawing);

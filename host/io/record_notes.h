@@ -2,6 +2,7 @@
 
 #include "host/db/record_index.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstring>
@@ -135,6 +136,9 @@ public:
     }
 
     std::vector<RecordNote> records;
+
+    std::uint16_t typeNumber(std::string_view name) { return types_.number(name); }
+    std::uint32_t layerNumber(std::string_view name) { return layers_.number(name); }
 
     // True for EOF: the scanner stops.
     bool begin(std::size_t offset, std::string_view type)

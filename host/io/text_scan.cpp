@@ -181,10 +181,8 @@ ScanTrouble scanText(std::string_view file, std::size_t first, std::size_t last,
     while (at < stop) {
         const char* const codeLine = at;
         const int code = takeCode(at, stop);
-        if (code == kNoCode)
+        if (code == kNoCode && (at < stop || !begun))
             return trouble(ScanFault::badCode, codeLine);
-        if (at >= stop && stop[-1] != '\n')
-            return trouble(ScanFault::cutTag, codeLine, code);
         if (at >= stop)
             return trouble(ScanFault::cutTag, codeLine, code);
         const char* const value = at;

@@ -98,7 +98,7 @@ protected:
     std::wstring found(const std::wstring& name) const
     {
         const std::optional<fs::path> path = findPath(name);
-        return path ? fromUtf8(path->lexically_relative(folder_).native()) : L"-";
+        return path ? fromUtf8(path->native()).substr(root_.size() + 1) : L"-";
     }
 
     std::vector<std::wstring> matching(const std::wstring& pattern) const
@@ -132,6 +132,7 @@ TEST_F(FindingFiles, PreferTheExactName)
         {L"maps/south/C.dxf", L"maps/South/c.dxf"},
         {L".\\maps\\.\\south\\", L"maps/South"},
         {L"maps\\..\\PLAN.dxf", L"Plan.dxf"},
+        {L"maps\\..\\Plan.dxf", L"Plan.dxf"},
         {L"\u043F\u041B\u0430\u043D.DXF", L"\u041F\u043B\u0430\u043D.dxf"},
         {L"ODD\xDCFF.dxf", L"odd\xDCFF.dxf"},
         {root_ + L"\\MAPS\\south\\c.dxf", L"maps/South/c.dxf"},

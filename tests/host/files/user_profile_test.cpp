@@ -60,18 +60,37 @@ TEST_F(UserProfiles, TellWhatCannotBeWritten)
     EXPECT_EQ(profile.get(L"A"), L"1") << "for this run";
 }
 
+// A variable of the environment for one test; null removes it.
+class Environment {
+public:
+    Environment(const char* name, const char* value) : name_(name)
+    {
+        if (const char* former = std::getenv(name))
+            former_ = former;
+        set(value);
+    }
+    ~Environment() { set(former_ ? former_->c_str() : nullptr); }
+
+private:
+    void set(const char* value) { value ? setenv(name_, value, 1) : unsetenv(name_); }
+
+    const char* name_;
+    std::optional<std::string> former_;
+};
+
 TEST_F(UserProfiles, LieWhereTheUserKeepsConfiguration)
 {
-    const char* former = std::getenv("XDG_CONFIG_HOME");
-    const std::string kept = former ? former : "";
-    setenv("HOME", "/home/ann", 1);
-    setenv("XDG_CONFIG_HOME", "/etc/ann", 1);
-    EXPECT_EQ(UserProfile::defaultFolder(), "/etc/ann/kelmaro");
-    for (const char* useless : {"", "relative"}) {
-        setenv("XDG_CONFIG_HOME", useless, 1);
-        EXPECT_EQ(UserProfile::defaultFolder(), "/home/ann/.config/kelmaro");
+    const Environment home("HOME", "/home/ann");
+    const std::pair<const char*, const char*> cases[] = {
+        {"/etc/ann", "/etc/ann/kelmaro"},
+        {"", "/home/ann/.config/kelmaro"},
+        {"relative", "/home/ann/.config/kelmaro"},
+        {nullptr, "/home/ann/.config/kelmaro"},
+    };
+    for (const auto& [config, folder] : cases) {
+        const Environment set("XDG_CONFIG_HOME", config);
+        EXPECT_EQ(UserProfile::defaultFolder(), folder);
     }
-    former ? setenv("XDG_CONFIG_HOME", kept.c_str(), 1) : unsetenv("XDG_CONFIG_HOME");
 }
 
 TEST_F(UserProfiles, ReadWholeFiles)

@@ -92,6 +92,16 @@ TEST(CodePage, TextOfAnyTwoBytesReadsTheSameAgain)
     }
 }
 
+// Small roman numbers and the negation sign have two or three codes each.
+TEST(CodePage, WritesTheUsualOneOfSeveralCodes)
+{
+    const CodePage japanese = CodePage::forDrawing("ANSI_932", false);
+    EXPECT_EQ(japanese.decode("\xEE\xEF\xFA\x40"), L"\u2170\u2170");
+    EXPECT_EQ(encoded(japanese, L"\u2170"), "\xFA\x40");
+    EXPECT_EQ(japanese.decode("\x81\xCA\xEE\xF9"), L"\uFFE2\uFFE2");
+    EXPECT_EQ(encoded(japanese, L"\uFFE2"), "\x81\xCA");
+}
+
 TEST(CodePage, PassesUndefinedBytes)
 {
     const CodePage page;

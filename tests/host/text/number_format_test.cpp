@@ -92,6 +92,9 @@ TEST(ParseReal, RefusesTheRest)
                              "\n1",    "1e99999999999999999999"})
         EXPECT_EQ(parseReal(text), std::nullopt) << text;
     EXPECT_EQ(parseReal(std::string_view("1\0", 2)), std::nullopt);
+    const std::string zeros(400, '0');
+    EXPECT_EQ(parseReal("1" + zeros + "e-5"), std::nullopt);
+    EXPECT_EQ(parseReal("0." + zeros + "1e5"), 0.0);
 }
 
 TEST(ParseInteger, TakesSixtyFourBits)

@@ -1,0 +1,41 @@
+#include "host/db/poly_face_mesh.h"
+
+#include "host/db/vertex.h"
+
+#include <cstdlib>
+
+ACRX_DXF_DEFINE_MEMBERS(AcDbPolyFaceMesh, AcDbEntity, "POLYLINE")
+
+bool AcDbPolyFaceMesh::strokes(host::StrokeSink& sink) const
+{
+    std::vector<AcGePoint3d> places;
+    for (const std::shared_ptr<const host::TagList>& child : host::childTags(*this)) {
+        if (sink.done())
+            break;
+        const int flags = host::integerInRecord(*child, 70, 0);
+        if (flags & host::kMeshVertex) {
+            const std::size_t i = host::findInRecord(*child, 10);
+            places.push_back(i == host::TagList::npos ? AcGePoint3d() : host::pointAt(*child, i));
+            continue;
+        }
+        std::vector<int> corners;
+        for (int code = 71; code <= 74; ++code)
+            if (const int corner = host::integerInRecord(*child, code, 0))
+                corners.push_back(corner);
+        for (std::size_t i = 0; i < corners.size(); ++i) {
+            const int from = corners[i];
+            const std::size_t a = static_cast<std::size_t>(std::abs(from));
+            const std::size_t b =
+                static_cast<std::size_t>(std::abs(corners[(i + 1) % corners.size()]));
+            if (from > 0 && a <= places.size() && b <= places.size())
+                sink.segment(places[a - 1], places[b - 1]);
+        }
+    }
+    return true;
+}
+
+std::span<const std::string_view> AcDbPolyFaceMesh::markers() const
+{
+    static constexpr std::string_view kMarkers[] = {"AcDbEntity", "AcDbPolyFaceMesh"};
+    return kMarkers;
+}

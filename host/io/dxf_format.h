@@ -1,0 +1,19 @@
+#pragma once
+
+#include "host/db/drawing_format.h"
+
+namespace host {
+
+// Drawings in DXF files, text and binary, R10 to R2018.
+class DxfFormat : public DrawingFormat {
+public:
+    FileOutcome read(const std::filesystem::path& path, Drawing& drawing) override;
+    void makeNew(Drawing& drawing) override;
+    FileOutcome save(Drawing& drawing, const std::filesystem::path& path) override;
+    FileOutcome write(Drawing& drawing, std::string& bytes) override;
+    std::shared_ptr<TagSource> scratchSource() override;
+};
+
+std::unique_ptr<DrawingFormat> makeDxfFormat();
+
+} // namespace host

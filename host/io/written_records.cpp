@@ -1,0 +1,117 @@
+#include "host/io/written_records.h"
+
+#include "host/db/tag_view.h"
+#include "host/io/section_order.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+bool erased(const Stub& stub)
+{
+    return (stub.flags & (kErased | kNeverWas)) != 0;
+}
+
+// Whether a dictionary holds anything but dictionaries that hold nothing.
+bool holdsSomething(Drawing& drawing, std::uint32_t stub, int depth)
+{
+    constexpr int kDeepest = 32;
+    if (drawing.index.types().name(drawing.index[stub].type) != "DICTIONARY")
+        return true;
+    if (depth > kDeepest)
+        return false;
+    const std::shared_ptr<const TagList> tags = drawing.tagsOf(stub);
+    const std::size_t first = recordHead(*tags).end;
+    const std::size_t last = dataEnd(*tags);
+    for (std::size_t i = first; i < last; ++i) {
+        if ((*tags)[i].code != 350 && (*tags)[i].code != 360)
+            continue;
+        const std::uint32_t entry = drawing.index.findHandle(tags->handle(i));
+        if (entry && !erased(drawing.index[entry]) && holdsSomething(drawing, entry, depth + 1))
+            return true;
+    }
+    return false;
+}
+
+// Adds the implicit records that the tags of `stub` name by handle.
+void followHandles(Drawing& drawing, std::uint32_t stub, WrittenRecords& written)
+{
+    std::vector<std::uint32_t> waiting{stub};
+    while (!waiting.empty()) {
+        const std::uint32_t at = waiting.back();
+        waiting.pop_back();
+        const std::shared_ptr<const TagList> tags = drawing.tagsOf(at);
+        for (std::size_t i = 1; i < tags->size(); ++i) {
+            const int code = (*tags)[i].code;
+            if (tagKind(code) != TagKind::handle || code == 5 || code == 105 || code < 330)
+                continue;
+            const std::uint32_t target = drawing.index.findHandle(tags->handle(i));
+            if (target > drawing.fileRecords && !erased(drawing.index[target]) &&
+                written.added.insert(target).second)
+                waiting.push_back(target);
+        }
+    }
+}
+
+} // namespace
+
+bool isObjectRecord(const Drawing& drawing, std::uint32_t stub)
+{
+    const Stub& record = drawing.index[stub];
+    if ((record.flags & (kEntity | kChild | kStructure)) != 0)
+        return false;
+    const std::string_view type = drawing.index.types().name(record.type);
+    return type != "BLOCK" && type != "ENDBLK" &&
+           placeInOrder(kTableOrder, type) == std::size(kTableOrder);
+}
+
+std::vector<std::uint32_t> withChildren(const Drawing& drawing, std::uint32_t entity)
+{
+    std::vector<std::uint32_t> all{entity};
+    const std::vector<std::uint32_t> children = drawing.children(entity, true);
+    all.insert(all.end(), children.begin(), children.end());
+    return all;
+}
+
+WrittenRecords findWrittenRecords(Drawing& drawing)
+{
+    WrittenRecords written;
+    const bool hasObjects =
+        std::any_of(drawing.sections.begin(), drawing.sections.end(),
+                    [](const SectionPlace& section) { return section.name == "OBJECTS"; });
+    std::vector<std::uint32_t> dictionaries;
+    for (const std::uint32_t stub : drawing.changed()) {
+        const Stub& record = drawing.index[stub];
+        if (stub <= drawing.fileRecords) {
+            if (erased(record))
+                written.erased.insert(stub);
+            else if ((record.flags & kChanged) != 0)
+                written.changed.insert(stub);
+            continue;
+        }
+        if (erased(record) || (record.flags & kChanged) == 0)
+            continue;
+        if (!isObjectRecord(drawing, stub)) {
+            written.added.insert(stub);
+        } else {
+            dictionaries.push_back(stub);
+            if (!written.objects && (record.flags & kImplicit) == 0)
+                written.objects = holdsSomething(drawing, stub, 0);
+        }
+    }
+    // An empty dictionary that a command left is no reason to give a file objects.
+    if (written.objects || hasObjects)
+        written.added.insert(dictionaries.begin(), dictionaries.end());
+    if (drawing.version > DxfVersion::r12 || written.objects) {
+        const std::set<std::uint32_t> own = written.added;
+        for (const std::uint32_t stub : own)
+            followHandles(drawing, stub, written);
+        for (const std::uint32_t stub : written.changed)
+            followHandles(drawing, stub, written);
+    }
+    return written;
+}
+
+} // namespace host
