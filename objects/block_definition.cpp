@@ -3,15 +3,12 @@
 #include "host/db/attribute.h"
 #include "host/db/block_reference.h"
 #include "host/db/block_table.h"
+#include "host/db/dynamic_block.h"
+#include "host/db/object_pointer.h"
 
 AcDbObjectId blockDefinition(const AcDbBlockReference& reference)
 {
-    const AcDbObjectId shown = reference.blockTableRecord();
-    const AcDbObjectPointer<AcDbBlockTableRecord> block(shown, AcDb::kForRead);
-    if (!block)
-        return shown;
-    const AcDbObjectId dynamic = block->dynamicDefinition();
-    return dynamic.isNull() ? shown : dynamic;
+    return AcDbDynBlockReference(&reference).dynamicBlockTableRecord();
 }
 
 std::wstring blockDefinitionName(const AcDbBlockReference& reference)

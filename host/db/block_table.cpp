@@ -22,6 +22,7 @@ namespace {
 constexpr int kUnits = 70;
 constexpr int kLayout = 340;
 constexpr int kPaperSpaceCode = 67;
+constexpr int kLayoutNameCode = 410;
 
 bool isSpaceName(std::wstring_view name)
 {
@@ -156,12 +157,9 @@ Acad::ErrorStatus AcDbBlockTableRecord::setComments(std::wstring_view text)
 
 Acad::ErrorStatus AcDbBlockTableRecord::setName(std::wstring_view newName)
 {
-    const bool implicit = drawing() && (drawing()->index[stubNumber()].flags & host::kImplicit) != 0;
-    if (!implicit || isNewObject() == false) {
-        const Acad::ErrorStatus status = AcDbSymbolTableRecord::setName(newName);
-        if (status != Acad::eOk)
-            return status;
-    }
+    const Acad::ErrorStatus status = AcDbSymbolTableRecord::setName(newName);
+    if (status != Acad::eOk)
+        return status;
     return changeBegin([&](AcDbBlockBegin& begin) { return begin.setName(newName); });
 }
 
@@ -226,10 +224,13 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
     host::Drawing& drawn = *drawing();
     const bool paper = isLayout() && stubNumber() != drawn.modelSpace;
     std::uint16_t flags = host::kEntity;
+    ObjectTags tags(*entity);
+    host::removeField(tags, host::kEntityPart, kLayoutNameCode); // a copy's, of where it was
     if (paper) {
         flags |= host::kPaperSpace;
-        ObjectTags tags(*entity);
         host::setIntegerField(tags, host::kEntityPart, kPaperSpaceCode, 1, 0);
+    } else {
+        host::removeField(tags, host::kEntityPart, kPaperSpaceCode);
     }
     const Acad::ErrorStatus status = entity->addToDatabase(drawn, objectId(), flags);
     if (status != Acad::eOk)

@@ -12,23 +12,10 @@ constexpr std::wstring_view kLayerZero = L"0";
 constexpr std::int64_t kFrozenBit = 1;
 constexpr std::int64_t kLockedBit = 4;
 
-// The name behind a number, as entities of the file write it.
-std::wstring writtenName(const Drawing& drawing, std::uint32_t layerNumber)
-{
-    if (layerNumber == 0)
-        return std::wstring(kLayerZero);
-    const std::string_view bytes = drawing.index.layers().name(layerNumber);
-    Tag tag;
-    tag.code = 8;
-    tag.value = bytes.data();
-    tag.length = static_cast<std::uint32_t>(bytes.size());
-    return drawing.source->form().text(tag);
-}
-
 LayerState readState(Drawing& drawing, std::uint32_t layerNumber)
 {
     LayerState state;
-    state.record = findSymbol(drawing, "LAYER", writtenName(drawing, layerNumber));
+    state.record = findSymbol(drawing, "LAYER", writtenLayerName(drawing, layerNumber));
     if (state.record.isNull())
         return state;
     const std::shared_ptr<const TagList> tags = drawing.tagsOf(state.record.stubNumber());
@@ -41,6 +28,18 @@ LayerState readState(Drawing& drawing, std::uint32_t layerNumber)
 }
 
 } // namespace
+
+std::wstring writtenLayerName(const Drawing& drawing, std::uint32_t layerNumber)
+{
+    if (layerNumber == 0)
+        return std::wstring(kLayerZero);
+    const std::string_view bytes = drawing.index.layers().name(layerNumber);
+    Tag tag;
+    tag.code = 8;
+    tag.value = bytes.data();
+    tag.length = static_cast<std::uint32_t>(bytes.size());
+    return drawing.source->form().text(tag);
+}
 
 LayerState LayerStates::state(Drawing& drawing, std::uint32_t layerNumber)
 {
@@ -74,7 +73,7 @@ bool layerIsLocked(Drawing& drawing, std::uint32_t layerNumber)
 std::wstring layerName(Drawing& drawing, std::uint32_t layerNumber)
 {
     const AcDbObjectId record = layerRecord(drawing, layerNumber);
-    return record.isNull() ? writtenName(drawing, layerNumber)
+    return record.isNull() ? writtenLayerName(drawing, layerNumber)
                            : symbolName(drawing, "LAYER", record.stubNumber());
 }
 

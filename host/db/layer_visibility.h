@@ -38,6 +38,9 @@ LayerState layerState(Drawing& drawing, std::uint32_t layerNumber);
 AcDbObjectId layerRecord(Drawing& drawing, std::uint32_t layerNumber);
 bool layerIsLocked(Drawing& drawing, std::uint32_t layerNumber);
 
+// The name as entities of the file write it.
+std::wstring writtenLayerName(const Drawing& drawing, std::uint32_t layerNumber);
+
 // The name as the layer's record writes it; without a record, as the file writes it at the entity.
 std::wstring layerName(Drawing& drawing, std::uint32_t layerNumber);
 

@@ -136,7 +136,8 @@ void SymbolNames::added(
     ++drawing.symbolGeneration;
     if (!current)
         return;
-    known->second.stubs.try_emplace(std::wstring(name), stub);
+    if (!name.empty())
+        known->second.stubs.try_emplace(std::wstring(name), stub);
     known->second.generation = drawing.symbolGeneration;
 }
 

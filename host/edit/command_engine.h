@@ -8,7 +8,9 @@
 #include "host/edit/typed_input.h"
 #include "host/edit/undo_steps.h"
 #include "host/runtime/resbuf.h"
+#include "host/text/case_mapping.h"
 
+#include <map>
 #include <memory>
 
 namespace host {
@@ -59,6 +61,8 @@ public:
     void runScript(std::wstring_view text); // typed before what waits outside
     void requestQuit() { quit_ = true; }    // no more is read once the running command has ended
     UndoSteps& steps() { return steps_; }
+    using Variables = std::map<std::wstring, resbuf, NoCaseLess>;
+    Variables& programVariables() { return variables_; } // those that were set
     std::wstring commandNames() const; // of running commands, outermost first, apart by "'"
     int commandActivity() const;       // CMDACTIVE: 1 a command, 2 a transparent one, 8 a dialog
     // Does code run that a command called, so that queued text has to wait for its end?
@@ -104,6 +108,7 @@ private:
     Transcript transcript_;
     TypedInput input_;
     UndoSteps steps_;
+    Variables variables_;
     Waiting waiting_;
     std::unique_ptr<Level> outer_;
     Level* current_ = nullptr;    // whose fiber runs

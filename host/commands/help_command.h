@@ -1,0 +1,7 @@
+#pragma once
+
+namespace host {
+
+void helpCommand(); // the names of all commands
+
+} // namespace host

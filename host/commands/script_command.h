@@ -1,0 +1,7 @@
+#pragma once
+
+namespace host {
+
+void scriptCommand(); // types the lines of a file
+
+} // namespace host
