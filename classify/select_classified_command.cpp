@@ -26,8 +26,7 @@ void selectClassified()
     EntityList entities;
     pickFirstEntities(entities);
     int& match = session().kept<ClassifiedAnswers>().match;
-    if (!askZeroOne(Message::matchPrompt, match) ||
-        !gatherIfEmpty(entities, Fallback::askScan))
+    if (!askZeroOne(Message::matchPrompt, match) || !gatherIfEmpty(entities, Fallback::askScan))
         return;
     filterEntities(entities);
     if (entities.empty())
@@ -36,8 +35,7 @@ void selectClassified()
     const Description& description = frame.description();
     StoredTables tables(currentStore());
     keepIf(entities, [&](AcDbObjectId entity) {
-        const std::vector<const ObjectDef*> objects =
-            objectsOfEntity(description, tables, entity);
+        const std::vector<const ObjectDef*> objects = objectsOfEntity(description, tables, entity);
         const bool classified =
             std::any_of(objects.begin(), objects.end(), [&](const ObjectDef* object) {
                 return validateObject(description, tables, entity, object->props.name, Values::any,

@@ -24,9 +24,8 @@ template <class Test> void selectByName(Test test)
     if (entities.empty())
         return tellSelected(entities);
     StoredTables tables(currentStore());
-    keepIf(entities, [&](AcDbObjectId entity) {
-        return test(frame.description(), tables, entity, *name);
-    });
+    keepIf(entities,
+           [&](AcDbObjectId entity) { return test(frame.description(), tables, entity, *name); });
     selectAndTell(entities);
 }
 

@@ -22,4 +22,7 @@ EchoOff::EchoOff()
     setEcho(0);
 }
 
-EchoOff::~EchoOff() { setEcho(before_); }
+EchoOff::~EchoOff()
+{
+    setEcho(before_);
+}

@@ -23,16 +23,14 @@ bool allPass(std::span<const EntityProperty> rows, const GraphicProps& props,
     });
 }
 
-bool openConforms(const Description& description, const AcDbEntity& entity,
-                  std::wstring_view name);
+bool openConforms(const Description& description, const AcDbEntity& entity, std::wstring_view name);
 
 bool openClassConforms(const Description& description, const AcDbEntity& entity,
                        const ClassDef& classDef)
 {
-    return std::any_of(classDef.objects.begin(), classDef.objects.end(),
-                       [&](const std::wstring& name) {
-                           return openConforms(description, entity, name);
-                       }) ||
+    return std::any_of(
+               classDef.objects.begin(), classDef.objects.end(),
+               [&](const std::wstring& name) { return openConforms(description, entity, name); }) ||
            std::any_of(classDef.children.begin(), classDef.children.end(),
                        [&](const ClassDef& child) {
                            return openClassConforms(description, entity, child);

@@ -12,8 +12,7 @@
 bool conforms(const Description& description, AcDbObjectId entityId, std::wstring_view name);
 
 // Some object of the class or of a class below it conforms.
-bool classConforms(const Description& description, AcDbObjectId entityId,
-                   const ClassDef& classDef);
+bool classConforms(const Description& description, AcDbObjectId entityId, const ClassDef& classDef);
 
 // The object may be drawn, and the entity's class is one of its types.
 bool typeAccepted(const ObjectDef& object, const AcDbEntity& entity);

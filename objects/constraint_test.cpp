@@ -7,7 +7,8 @@
 
 namespace {
 
-template <class Test> bool onEachAxis(const ScaleFactors& left, const ScaleFactors& right, Test test)
+template <class Test>
+bool onEachAxis(const ScaleFactors& left, const ScaleFactors& right, Test test)
 {
     return test(left[0], right[0]) && test(left[1], right[1]) && test(left[2], right[2]);
 }
@@ -33,7 +34,10 @@ bool accepts(const ColorEntry& color, const AcCmColor& actual, NoneColor none)
 
 } // namespace
 
-bool sameValue(double left, double right) { return nearlyEqual(left, right); }
+bool sameValue(double left, double right)
+{
+    return nearlyEqual(left, right);
+}
 
 bool sameValue(const std::wstring& left, const std::wstring& right)
 {
@@ -45,9 +49,15 @@ bool sameValue(const ScaleFactors& left, const ScaleFactors& right)
     return onEachAxis(left, right, [](double a, double b) { return nearlyEqual(a, b); });
 }
 
-bool isBelow(double left, double right) { return left < right; }
+bool isBelow(double left, double right)
+{
+    return left < right;
+}
 
-bool isBelow(const std::wstring& left, const std::wstring& right) { return left < right; }
+bool isBelow(const std::wstring& left, const std::wstring& right)
+{
+    return left < right;
+}
 
 bool isBelow(const ScaleFactors& left, const ScaleFactors& right)
 {
@@ -56,7 +66,7 @@ bool isBelow(const ScaleFactors& left, const ScaleFactors& right)
 
 bool matches(const ColorList& colors, const AcCmColor& actual, NoneColor none)
 {
-    return colors.empty() || std::any_of(colors.begin(), colors.end(), [&](const ColorEntry& color) {
-               return accepts(color, actual, none);
-           });
+    return colors.empty() ||
+           std::any_of(colors.begin(), colors.end(),
+                       [&](const ColorEntry& color) { return accepts(color, actual, none); });
 }

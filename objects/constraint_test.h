@@ -26,10 +26,9 @@ bool isBelow(double left, double right);
 bool isBelow(const std::wstring& left, const std::wstring& right);
 bool isBelow(const ScaleFactors& left, const ScaleFactors& right);
 
-// A value of an entity against what the description accepts; `any` is the mark of a property that is
-// left open. A property that was not given is not tested here.
-template <class T>
-bool matches(const PropConstraint<T>& constraint, const T& any, const T& actual)
+// A value of an entity against what the description accepts; `any` is the mark of a property that
+// is left open. A property that was not given is not tested here.
+template <class T> bool matches(const PropConstraint<T>& constraint, const T& any, const T& actual)
 {
     if (constraint.value == any || sameValue(actual, constraint.value))
         return true;

@@ -1,9 +1,10 @@
 #include "objects/entity_properties.h"
 
+#include "host/db/block_reference.h"
 #include "host/db/circle.h"
-#include "host/db/dimension.h"
-#include "host/db/ellipse.h"
 #include "host/db/database.h"
+#include "host/db/dimension_kinds.h"
+#include "host/db/ellipse.h"
 #include "host/db/hatch.h"
 #include "host/db/lwpolyline.h"
 #include "host/db/mleader.h"
@@ -12,7 +13,7 @@
 #include "host/db/mtext.h"
 #include "host/db/polyline3d.h"
 #include "host/db/spline.h"
-#include "host/db/block_reference.h"
+#include "host/db/style_objects.h"
 #include "host/db/symbol_tables.h"
 #include "host/db/text.h"
 #include "objects/block_definition.h"
@@ -30,14 +31,21 @@ template <class T> const T& as(const AcDbEntity& entity)
     return static_cast<const T&>(entity);
 }
 
-double degrees(double radians) { return radians * 180.0 / std::numbers::pi; }
-
-std::uint8_t asByte(bool on) { return on ? 1 : 0; }
-
-std::wstring nameOfRecord(AcDbObjectId id)
+double degrees(double radians)
 {
-    const AcDbObjectPointer<AcDbSymbolTableRecord> record(id, AcDb::kForRead);
-    return record ? record->name() : std::wstring();
+    return radians * 180.0 / std::numbers::pi;
+}
+
+std::uint8_t asByte(bool on)
+{
+    return on ? 1 : 0;
+}
+
+// The name of a style's record or object; empty if it cannot be opened.
+template <class Style> std::wstring nameOf(AcDbObjectId id)
+{
+    const AcDbObjectPointer<Style> style(id, AcDb::kForRead);
+    return style ? style->name() : std::wstring();
 }
 
 struct DimensionWord {
@@ -46,14 +54,10 @@ struct DimensionWord {
 };
 
 constexpr DimensionWord kDimensionWords[] = {
-    {AcDbAlignedDimension::desc, L"Aligned"},
-    {AcDb2LineAngularDimension::desc, L"Angular"},
-    {AcDb3PointAngularDimension::desc, L"Angular"},
-    {AcDbArcDimension::desc, L"Arc"},
-    {AcDbDiametricDimension::desc, L"Diameter"},
-    {AcDbRadialDimensionLarge::desc, L"Jogged"},
-    {AcDbRotatedDimension::desc, L"Linear"},
-    {AcDbOrdinateDimension::desc, L"Ordinate"},
+    {AcDbAlignedDimension::desc, L"Aligned"},       {AcDb2LineAngularDimension::desc, L"Angular"},
+    {AcDb3PointAngularDimension::desc, L"Angular"}, {AcDbArcDimension::desc, L"Arc"},
+    {AcDbDiametricDimension::desc, L"Diameter"},    {AcDbRadialDimensionLarge::desc, L"Jogged"},
+    {AcDbRotatedDimension::desc, L"Linear"},        {AcDbOrdinateDimension::desc, L"Ordinate"},
     {AcDbRadialDimension::desc, L"Radius"},
 };
 
@@ -72,9 +76,9 @@ std::wstring ellipseMode(const AcDbEntity& entity)
     const auto& ellipse = as<AcDbEllipse>(entity);
     const double turn = std::abs(ellipse.endAngle() - ellipse.startAngle());
     const double roundedTurn =
-        2.0 * roundTo(3.1415926535897234, acdbHostApplicationServices()->workingDatabase()->luprec());
-    const bool full =
-        std::abs(turn - 2.0 * std::numbers::pi) < kTurnError || turn >= roundedTurn;
+        2.0 *
+        roundTo(3.1415926535897234, acdbHostApplicationServices()->workingDatabase()->luprec());
+    const bool full = std::abs(turn - 2.0 * std::numbers::pi) < kTurnError || turn >= roundedTurn;
     return full ? L"circle" : L"arc";
 }
 
@@ -129,14 +133,17 @@ EntityProperty color(ColorList Props::*property, AcCmColor (*read)(const Entity&
     return ColorReading{property, read, none};
 }
 
-template <class T> double rotation(const Entity& entity) { return degrees(as<T>(entity).rotation()); }
+template <class T> double rotation(const Entity& entity)
+{
+    return degrees(as<T>(entity).rotation());
+}
 template <class T> std::uint8_t isClosed(const Entity& entity)
 {
     return asByte(as<T>(entity).isClosed());
 }
 template <class T> std::wstring textStyle(const Entity& entity)
 {
-    return nameOfRecord(as<T>(entity).textStyle());
+    return nameOf<AcDbTextStyleTableRecord>(as<T>(entity).textStyle());
 }
 template <class T> std::wstring pattern(const Entity& entity)
 {
@@ -179,7 +186,9 @@ const std::vector<ClassRow>& classRows()
           number(&Props::patternScale, patternScale<AcDbHatch>)}},
         {AcDbMLeader::desc,
          {name(&Props::mleaderStyle,
-               [](const Entity& e) { return mleaderStyleName(as<AcDbMLeader>(e)); })}},
+               [](const Entity& e) {
+                   return nameOf<AcDbMLeaderStyle>(as<AcDbMLeader>(e).MLeaderStyle());
+               })}},
         {AcDbMline::desc,
          {byte(&Props::closed,
                [](const Entity& e) { return asByte(as<AcDbMline>(e).closedMline()); }),
@@ -189,7 +198,7 @@ const std::vector<ClassRow>& classRows()
                }),
           number(&Props::mlineScale, [](const Entity& e) { return as<AcDbMline>(e).scale(); }),
           name(&Props::mlineStyle,
-               [](const Entity& e) { return mlineStyleName(as<AcDbMline>(e)); })}},
+               [](const Entity& e) { return nameOf<AcDbMlineStyle>(as<AcDbMline>(e).style()); })}},
         {AcDbMPolygon::desc,
          {word(&Props::pattern, pattern<AcDbMPolygon>),
           number(&Props::patternAngle, patternAngle<AcDbMPolygon>),
@@ -202,8 +211,7 @@ const std::vector<ClassRow>& classRows()
                [](const Entity& e) {
                    return static_cast<std::int32_t>(as<AcDbMText>(e).attachment());
                }),
-          number(&Props::textHeight,
-                 [](const Entity& e) { return as<AcDbMText>(e).textHeight(); }),
+          number(&Props::textHeight, [](const Entity& e) { return as<AcDbMText>(e).textHeight(); }),
           name(&Props::textStyle, textStyle<AcDbMText>),
           word(&Props::text, [](const Entity& e) { return as<AcDbMText>(e).text(); })}},
         {AcDbPolyline::desc,
@@ -230,7 +238,9 @@ const std::vector<EntityProperty>& dimensionProperties()
     static const std::vector<EntityProperty> rows = {
         name(&Props::dimensionMode, dimensionMode),
         word(&Props::dimensionStyle,
-             [](const Entity& e) { return nameOfRecord(as<AcDbDimension>(e).dimensionStyle()); }),
+             [](const Entity& e) {
+                 return nameOf<AcDbDimStyleTableRecord>(as<AcDbDimension>(e).dimensionStyle());
+             }),
     };
     return rows;
 }

@@ -50,10 +50,9 @@ struct ColorReading {
     }
 };
 
-using EntityProperty =
-    std::variant<PropertyReading<double>, PropertyReading<std::wstring>,
-                 PropertyReading<std::uint8_t>, PropertyReading<std::int32_t>,
-                 PropertyReading<ScaleFactors>, ColorReading>;
+using EntityProperty = std::variant<PropertyReading<double>, PropertyReading<std::wstring>,
+                                    PropertyReading<std::uint8_t>, PropertyReading<std::int32_t>,
+                                    PropertyReading<ScaleFactors>, ColorReading>;
 
 // Of every entity, and of the entity's exact class (dimensions: of their kind), each in the order
 // of testing. The empty text is read for a style or block that cannot be opened.

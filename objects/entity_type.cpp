@@ -7,9 +7,9 @@
 #include "host/db/ellipse.h"
 #include "host/db/face.h"
 #include "host/db/hatch.h"
+#include "host/db/image.h"
 #include "host/db/line.h"
 #include "host/db/lwpolyline.h"
-#include "host/db/mesh.h"
 #include "host/db/mleader.h"
 #include "host/db/mline.h"
 #include "host/db/mpolygon.h"
@@ -21,9 +21,9 @@
 #include "host/db/ray.h"
 #include "host/db/solid3d.h"
 #include "host/db/spline.h"
+#include "host/db/sub_d_mesh.h"
 #include "host/db/surface.h"
 #include "host/db/text.h"
-#include "host/db/wipeout.h"
 
 namespace {
 

@@ -3,8 +3,9 @@
 #include "description/description.h"
 #include "objects/stored_tables.h"
 
-// The object that a record stands for, by the value of its key alone: nothing on an entity refers to
-// a description. Null when there is none, and when a table of the object differs from the drawing's.
+// The object that a record stands for, by the value of its key alone: nothing on an entity refers
+// to a description. Null when there is none, and when a table of the object differs from the
+// drawing's.
 const ObjectDef* objectOfRecord(const Description& description, const OdRecord& record,
                                 StoredTables& tables);
 

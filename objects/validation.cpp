@@ -113,14 +113,13 @@ bool validateObject(const Description& description, StoredTables& tables, AcDbOb
                     std::wstring_view name, Values values, Fields fields)
 {
     const std::vector<OdRecord> records = tables.recordsOf(entity);
-    return !records.empty() &&
-           Examination{tables, records, values, fields}.has(description, name);
+    return !records.empty() && Examination{tables, records, values, fields}.has(description, name);
 }
 
 bool classValid(const Description& description, StoredTables& tables, AcDbObjectId entity,
                 const ClassDef& classDef)
 {
     const std::vector<OdRecord> records = tables.recordsOf(entity);
-    return !records.empty() && Examination{tables, records, Values::any, Fields::all}.isOfClass(
-                                   description, classDef);
+    return !records.empty() &&
+           Examination{tables, records, Values::any, Fields::all}.isOfClass(description, classDef);
 }

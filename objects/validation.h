@@ -14,8 +14,8 @@ enum class Fields { all, required }; // which fields are
 bool valueAccepted(const FieldDef& field, const ObjectDef& object, const OdValue& value);
 
 // The entity is an object of that name: each of the object's tables has a record there with the
-// object's key, compared with case, whose values are legal if that is asked for. Where no object has
-// the name, an object of the class of that name will do; its values are not tested.
+// object's key, compared with case, whose values are legal if that is asked for. Where no object
+// has the name, an object of the class of that name will do; its values are not tested.
 bool validateObject(const Description& description, StoredTables& tables, AcDbObjectId entity,
                     std::wstring_view name, Values values, Fields fields);
 

@@ -19,7 +19,10 @@ std::wstring fileName()
     return document ? document->fileName() : database->getFilename();
 }
 
-std::wstring orUnknown(std::wstring name) { return name.empty() ? L"unknown" : name; }
+std::wstring orUnknown(std::wstring name)
+{
+    return name.empty() ? L"unknown" : name;
+}
 
 // Each macro reads the clock by itself: two of one text may straddle a tick.
 std::tm localTime()
@@ -30,7 +33,10 @@ std::tm localTime()
     return local;
 }
 
-std::wstring twoDigits(int number) { return host::format(L"%02i", number); }
+std::wstring twoDigits(int number)
+{
+    return host::format(L"%02i", number);
+}
 
 struct Macro {
     std::wstring_view word;
@@ -70,7 +76,8 @@ std::wstring expandMacros(const ObjectDef& object, std::wstring_view text)
     if (expanded.find(L"$(") == std::wstring::npos)
         return expanded;
 
-    // a chain that does not bite its tail visits each macro once; one that does may double each time
+    // a chain that does not bite its tail visits each macro once; one that does may double each
+    // time
     constexpr std::size_t kLongest = 65536;
     for (std::size_t pass = 0; pass <= std::size(kMacros) && expanded.size() <= kLongest; ++pass) {
         bool found = false;

@@ -11,7 +11,10 @@ std::unique_ptr<Session>& runningSession()
 
 } // namespace
 
-Session::~Session() { forgetKept(); }
+Session::~Session()
+{
+    forgetKept();
+}
 
 void Session::tellDrawn(const std::wstring& name)
 {

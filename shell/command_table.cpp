@@ -23,4 +23,7 @@ constexpr CommandRow kCommands[] = {
 
 } // namespace
 
-std::span<const CommandRow> commandTable() { return kCommands; }
+std::span<const CommandRow> commandTable()
+{
+    return kCommands;
+}

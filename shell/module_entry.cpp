@@ -16,5 +16,8 @@ __attribute__((visibility("default"))) AcRx::AppRetCode acrxEntryPoint(AcRx::App
     return theApp.dispatch(message, packet);
 }
 
-__attribute__((visibility("default"))) int acrxGetApiVersion() { return kAcRxApiVersion; }
+__attribute__((visibility("default"))) int acrxGetApiVersion()
+{
+    return kAcRxApiVersion;
+}
 }

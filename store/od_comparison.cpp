@@ -7,7 +7,8 @@
 
 namespace {
 
-bool textEqualsPoint(const std::wstring& text)
+// Coordinates in a text are held against the text's own, which are zero, whatever the point says.
+bool textEqualsPoints(const std::wstring& text)
 {
     const auto xyz = leadingPoint(text);
     return xyz && AcGePoint3d(*xyz) == AcGePoint3d::kOrigin;
@@ -32,7 +33,7 @@ bool valuesEqual(const OdValue& left, const OdValue& right)
     if (leftType == OdType::point || rightType == OdType::point) {
         if (leftType == rightType)
             return left.asPoint() == right.asPoint();
-        return leftType == OdType::character && textEqualsPoint(left.asText());
+        return leftType == OdType::character && textEqualsPoints(left.asText());
     }
     if (leftType == OdType::character && rightType == OdType::character)
         return left.asText() == right.asText();

@@ -1,6 +1,7 @@
 #include "host/commands/file_commands.h"
 
 #include "host/commands/command_entities.h"
+#include "host/commands/drawing_files.h"
 #include "host/edit/command_engine.h"
 #include "host/edit/command_line.h"
 #include "host/edit/document.h"
@@ -15,19 +16,6 @@ namespace {
 
 constexpr const wchar_t* kDrawingFiles = L"Drawing (*.dxf;*.dwg;*.dwt)|*.dxf;*.dwg;*.dwt||";
 constexpr std::wstring_view kDiscard = L"Really want to discard all changes to drawing?";
-
-void printLine(const std::wstring& text)
-{
-    if (!text.empty())
-        print(text + L"\n");
-}
-
-void save(AcApDocument& document, const std::filesystem::path& path)
-{
-    std::wstring message;
-    document.database()->saveAs(path, &message);
-    printLine(message);
-}
 
 bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b)
 {
@@ -49,21 +37,21 @@ void saveUnderAskedName(AcApDocument& document)
     if (document.isReadOnly() && isSameFile(path, toPath(document.fileName())))
         print(L"The drawing was opened for reading only; it needs another name.\n");
     else
-        save(document, path);
+        saveDrawing(document, path);
 }
 
 } // namespace
 
-void newCommand() { acDocManagerPtr()->newDocument(); }
+void newCommand()
+{
+    acDocManagerPtr()->newDocument();
+}
 
 void openCommand()
 {
-    CAcUiFileDialog dialog(true, L"dxf", {}, OFN_FILEMUSTEXIST, kDrawingFiles, nullptr);
-    if (dialog.DoModal() != IDOK)
-        return;
-    std::wstring message;
-    acDocManagerPtr()->openDocument(toPath(dialog.GetPathName()), false, message);
-    printLine(message);
+    CAcUiFileDialog dialog(true, L"dxf", {}, 0, kDrawingFiles, nullptr);
+    if (dialog.DoModal() == IDOK)
+        openDrawing(toPath(dialog.GetPathName()));
 }
 
 void qsaveCommand()
@@ -76,7 +64,7 @@ void qsaveCommand()
     else if (document->isReadOnly())
         print(L"The drawing was opened for reading only; SAVEAS saves it under another name.\n");
     else
-        save(*document, toPath(document->fileName()));
+        saveDrawing(*document, toPath(document->fileName()));
 }
 
 void saveasCommand()
@@ -95,9 +83,8 @@ void closeCommand()
 void quitCommand()
 {
     const std::vector<AcApDocument*> documents = acDocManagerPtr()->documents();
-    const bool changed = std::ranges::any_of(documents, [](const AcApDocument* document) {
-        return document->database()->isModified();
-    });
+    const bool changed = std::ranges::any_of(
+        documents, [](const AcApDocument* document) { return document->database()->isModified(); });
     if (!changed || confirmed(kDiscard, false))
         engine().requestQuit();
 }

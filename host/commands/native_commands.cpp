@@ -1,5 +1,6 @@
 #include "host/commands/native_commands.h"
 
+#include "host/commands/drawing_state_commands.h"
 #include "host/commands/erase_command.h"
 #include "host/commands/file_commands.h"
 #include "host/commands/help_command.h"
@@ -9,7 +10,6 @@
 #include "host/commands/selection_commands.h"
 #include "host/commands/undo_commands.h"
 #include "host/commands/variable_command.h"
-#include "host/commands/drawing_state_commands.h"
 #include "host/edit/command_stack.h"
 
 namespace host {

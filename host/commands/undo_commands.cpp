@@ -74,7 +74,10 @@ void endGroup(Drawing& drawing)
         print(L"No group of commands was begun.\n");
 }
 
-void setMark(Drawing& drawing) { placesOf(drawing).marks.push_back(drawing.undo.undoable()); }
+void setMark(Drawing& drawing)
+{
+    placesOf(drawing).marks.push_back(drawing.undo.undoable());
+}
 
 void undoToMark(Drawing& drawing)
 {
@@ -128,8 +131,8 @@ void undoCommand()
         return;
     int count = 1;
     acedInitGet(RSG_NOZERO | RSG_NONEG, L"BEgin End Mark Back");
-    const int result = acedGetInt(
-        L"Enter the number of operations to undo or [BEgin/End/Mark/Back] <1>: ", count);
+    const int result =
+        acedGetInt(L"Enter the number of operations to undo or [BEgin/End/Mark/Back] <1>: ", count);
     if (result == RTNORM || result == RTNONE) {
         undoSteps(*drawing, result == RTNONE ? 1 : count);
     } else if (result == RTKWORD) {

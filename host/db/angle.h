@@ -17,7 +17,7 @@ inline double toDegrees(double radians)
     const double degrees = radians * (180.0 / std::numbers::pi);
     const double rounded = std::round(degrees * 1e9) / 1e9;
     return std::abs(toRadians(rounded) - radians) <= 1e-15 * (1.0 + std::abs(radians)) ? rounded
-                                                                                        : degrees;
+                                                                                       : degrees;
 }
 
 } // namespace host

@@ -19,10 +19,7 @@ public:
     AcDbArc() = default;
     AcDbArc(const AcGePoint3d& center, double radius, double startAngle, double endAngle);
 
-    AcGePoint3d center() const
-    {
-        return host::worldPoint(tags(), host::kCirclePart, 10, normal());
-    }
+    AcGePoint3d center() const { return host::worldPoint(tags(), host::kCirclePart, 10, normal()); }
     double radius() const { return real(host::kCirclePart, 40, 0.0); }
     double startAngle() const { return host::toRadians(real(host::kArcPart, 50, 0.0)); }
     double endAngle() const { return host::toRadians(real(host::kArcPart, 51, 360.0)); }

@@ -29,8 +29,8 @@ const host::Subclass& AcDbBlockReference::part() const
 {
     const host::TagList& own = tags();
     return own.find(100, host::kMInsertPart.marker) != host::TagList::npos
-        ? host::kMInsertPart
-        : host::kBlockReferencePart;
+               ? host::kMInsertPart
+               : host::kBlockReferencePart;
 }
 
 AcDbObjectId AcDbBlockReference::blockTableRecord() const

@@ -42,8 +42,7 @@ bool AcDbCircle::strokes(host::StrokeSink& sink) const
     const AcGeVector3d up = normal();
     const host::Arc3d whole = host::Arc3d::circle(host::planePoint(tags(), kCirclePart, 10),
                                                   radius(), AcGeMatrix3d::arbitraryAxes(up));
-    return host::strokeThick(sink, up, thickness(),
-                             [&](host::StrokeSink& to) { to.arc(whole); });
+    return host::strokeThick(sink, up, thickness(), [&](host::StrokeSink& to) { to.arc(whole); });
 }
 
 std::span<const std::string_view> AcDbCircle::markers() const

@@ -18,10 +18,7 @@ public:
     AcDbCircle() = default;
     AcDbCircle(const AcGePoint3d& center, const AcGeVector3d& normal, double radius);
 
-    AcGePoint3d center() const
-    {
-        return host::worldPoint(tags(), host::kCirclePart, 10, normal());
-    }
+    AcGePoint3d center() const { return host::worldPoint(tags(), host::kCirclePart, 10, normal()); }
     double radius() const { return real(host::kCirclePart, 40, 0.0); }
     double thickness() const { return real(host::kCirclePart, 39, 0.0); }
     AcGeVector3d normal() const { return host::normalField(tags(), host::kCirclePart); }

@@ -114,7 +114,7 @@ private:
         bool operator==(const Saved&) const = default;
     };
     Saved now(std::uint32_t stub) const;
-    template <class T> Acad::ErrorStatus openTable(T*& table, AcDb::OpenMode mode);
+    AcDbObjectId tableId(std::string_view name) const;
 
     const std::uint32_t number_;
     std::unique_ptr<host::Lookups> lookups_;

@@ -28,8 +28,7 @@ AcDbObjectId representedBlock(const AcDbBlockReference& reference)
         return {};
     host::Drawing& drawing = reference.database()->drawing();
     const std::shared_ptr<const host::TagList> tags = drawing.tagsOf(data.stubNumber());
-    const std::uint64_t handle =
-        host::handleField(*tags, {"AcDbBlockRepresentationData"}, 340);
+    const std::uint64_t handle = host::handleField(*tags, {"AcDbBlockRepresentationData"}, 340);
     const AcDbObjectId block = drawing.idOfHandle(handle);
     return block.isErased() ? AcDbObjectId() : block;
 }

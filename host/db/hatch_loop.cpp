@@ -15,7 +15,8 @@ enum EdgeType { kLineEdge = 1, kArcEdge, kEllipseEdge, kSplineEdge };
 
 class LoopReader {
 public:
-    LoopReader(const TagList& tags, TagRange range) : tags_(tags), at_(range.first), last_(range.last)
+    LoopReader(const TagList& tags, TagRange range)
+        : tags_(tags), at_(range.first), last_(range.last)
     {
     }
 
@@ -47,10 +48,7 @@ private:
     }
     bool is(int code) const { return at_ < last_ && tags_[at_].code == code; }
     // The value of the next tag if it has this code.
-    double realOr(int code, double fallback)
-    {
-        return is(code) ? tags_.real(at_++) : fallback;
-    }
+    double realOr(int code, double fallback) { return is(code) ? tags_.real(at_++) : fallback; }
     int integerOr(int code, int fallback)
     {
         return is(code) ? static_cast<int>(tags_.integer(at_++)) : fallback;
@@ -172,7 +170,8 @@ void addEdge(Outline& outline, const HatchArc& edge, const AcGeMatrix3d& plane, 
     arc.start = edge.start;
     arc.end = edge.end;
     if (!(arc.end > arc.start))
-        arc.end += 2.0 * std::numbers::pi * (1.0 + std::floor((arc.start - arc.end) / (2.0 * std::numbers::pi)));
+        arc.end += 2.0 * std::numbers::pi *
+                   (1.0 + std::floor((arc.start - arc.end) / (2.0 * std::numbers::pi)));
     const std::vector<AcGePoint3d> points = arc.transformed(plane).sampled(tolerance);
     outline.insert(outline.end(), points.begin(), points.end());
 }

@@ -12,9 +12,8 @@ AcDbLine::AcDbLine(const AcGePoint3d& from, const AcGePoint3d& to)
 
 bool AcDbLine::strokes(host::StrokeSink& sink) const
 {
-    return host::strokeThick(sink, normal(), thickness(), [&](host::StrokeSink& to) {
-        to.segment(startPoint(), endPoint());
-    });
+    return host::strokeThick(sink, normal(), thickness(),
+                             [&](host::StrokeSink& to) { to.segment(startPoint(), endPoint()); });
 }
 
 std::span<const std::string_view> AcDbLine::markers() const

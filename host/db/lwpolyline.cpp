@@ -58,8 +58,8 @@ Acad::ErrorStatus AcDbPolyline::getPointAt(unsigned index, AcGePoint3d& point) c
 {
     if (index >= numVerts())
         return Acad::eInvalidIndex;
-    point = AcGeMatrix3d::arbitraryAxes(normal()) *
-            AcGePoint3d(vertices()[index].point, elevation());
+    point =
+        AcGeMatrix3d::arbitraryAxes(normal()) * AcGePoint3d(vertices()[index].point, elevation());
     return Acad::eOk;
 }
 

@@ -270,8 +270,8 @@ bool AcDbMline::strokes(host::StrokeSink& sink) const
     for (std::size_t line = 0; line < std::max<std::size_t>(lines, 1) && !sink.done(); ++line) {
         std::vector<AcGePoint3d> points;
         for (const Vertex& vertex : path)
-            points.push_back(
-                lines ? vertex.place + vertex.mitre * vertex.passes[line] : vertex.place);
+            points.push_back(lines ? vertex.place + vertex.mitre * vertex.passes[line]
+                                   : vertex.place);
         sink.polyline(points, closedMline());
     }
     return true;

@@ -11,7 +11,8 @@ enum MlineJustification { kTop = 0, kZero = 1, kBottom = 2 };
 
 namespace host {
 
-inline constexpr short kMlineOrder[] = {2, 340, 40, 70, 71, 72, 73, 10, 210, 11, 12, 13, 74, 41, 75, 42};
+inline constexpr short kMlineOrder[] = {2,   340, 40, 70, 71, 72, 73, 10,
+                                        210, 11,  12, 13, 74, 41, 75, 42};
 inline constexpr Subclass kMlinePart{"AcDbMline", kMlineOrder};
 
 } // namespace host

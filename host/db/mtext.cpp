@@ -67,9 +67,8 @@ AcGeVector3d AcDbMText::direction() const
         if (!along.isZeroLength())
             return along.normal();
     }
-    const double angle = at != TagList::npos && tags()[at].code == 50
-        ? host::toRadians(tags().real(at))
-        : 0.0;
+    const double angle =
+        at != TagList::npos && tags()[at].code == 50 ? host::toRadians(tags().real(at)) : 0.0;
     return AcGeMatrix3d::arbitraryAxes(normal()) *
            AcGeVector3d(std::cos(angle), std::sin(angle), 0.0);
 }
@@ -96,8 +95,7 @@ Acad::ErrorStatus AcDbMText::setRotation(double angle)
         return Acad::eOk;
     }
     const AcGeVector3d along(std::cos(angle), std::sin(angle), 0.0);
-    return setPoint(kMTextPart, 11,
-                    AcGePoint3d() + AcGeMatrix3d::arbitraryAxes(normal()) * along);
+    return setPoint(kMTextPart, 11, AcGePoint3d() + AcGeMatrix3d::arbitraryAxes(normal()) * along);
 }
 
 AcDbMText::AttachmentPoint AcDbMText::attachment() const

@@ -67,8 +67,14 @@ bool AcDbSpline::hasFitData() const
 
 Acad::ErrorStatus AcDbSpline::getNurbsData(NurbsData& data) const
 {
-    data = {degree(),           isRational(), isClosed(), isPeriodic(), pointsOf(tags(), 10),
-            realsOf(tags(), 40), {},          real(kSplinePart, 43, 1e-7),
+    data = {degree(),
+            isRational(),
+            isClosed(),
+            isPeriodic(),
+            pointsOf(tags(), 10),
+            realsOf(tags(), 40),
+            {},
+            real(kSplinePart, 43, 1e-7),
             real(kSplinePart, 42, 1e-7)};
     data.weights = realsOf(tags(), 41);
     if (data.weights.size() != data.controlPoints.size())
@@ -140,14 +146,14 @@ Acad::ErrorStatus AcDbSpline::write(const NurbsData& nurbs, const FitData* fit)
         return Acad::eNotOpenForWrite;
 
     const int kept = integer(kSplinePart, 70, 0) & ~(kClosed | kPeriodic | kRational);
-    const int flags = kept | (nurbs.closed ? kClosed : 0) | (nurbs.periodic ? kPeriodic : 0)
-        | (rational ? kRational : 0);
+    const int flags = kept | (nurbs.closed ? kClosed : 0) | (nurbs.periodic ? kPeriodic : 0) |
+                      (rational ? kRational : 0);
     const double fitTolerance = real(kSplinePart, 44, 1e-10);
     host::TagList& all = tagsForWrite();
     host::TagRange range = rangeOf(all);
     for (std::size_t i = range.last; i-- > range.first;) {
-        static constexpr short kOwn[] = {70, 71, 72, 73, 74, 42, 43, 44, 12, 22, 32, 13, 23,
-                                         33, 40, 41, 10, 20, 30, 11, 21, 31};
+        static constexpr short kOwn[] = {70, 71, 72, 73, 74, 42, 43, 44, 12, 22, 32,
+                                         13, 23, 33, 40, 41, 10, 20, 30, 11, 21, 31};
         if (std::find(std::begin(kOwn), std::end(kOwn), all[i].code) != std::end(kOwn)) {
             all.erase(i, i + 1);
             --range.last;

@@ -6,7 +6,8 @@
 
 namespace host {
 
-inline constexpr short kSplineOrder[] = {210, 70, 71, 72, 73, 74, 42, 43, 44, 12, 13, 40, 41, 10, 11};
+inline constexpr short kSplineOrder[] = {210, 70, 71, 72, 73, 74, 42, 43,
+                                         44,  12, 13, 40, 41, 10, 11};
 inline constexpr Subclass kSplinePart{"AcDbSpline", kSplineOrder};
 
 } // namespace host

@@ -173,8 +173,11 @@ host::TextBox AcDbText::box() const
     }
     const AcGeVector3d upward(-direction.y, direction.x, 0.0);
     const double lean = std::tan(std::clamp(oblique(), -1.48, 1.48)); // up to 85 degrees
-    return {plane * corner, plane * (direction * width),
-            plane * ((upward + direction * lean) * letters), {}, {}};
+    return {plane * corner,
+            plane * (direction * width),
+            plane * ((upward + direction * lean) * letters),
+            {},
+            {}};
 }
 
 bool AcDbText::strokes(host::StrokeSink& sink) const

@@ -80,15 +80,17 @@ CommandEngine::CommandEngine(Transcript::Sink sink) : transcript_(std::move(sink
     waiting_.prompt = kCommandPrompt;
 }
 
-CommandEngine::~CommandEngine()
+CommandEngine::~CommandEngine() { abandonCommands(); }
+
+void CommandEngine::abandonCommands()
 {
-    // each prompt throws; what still goes on after that many is left where it stands
     abandon_ = true;
     for (int tries = 0; outer_ && tries < 3; ++tries) {
         resume(*outer_);
         if (outer_->fiber->done())
             finishOuter();
     }
+    // what catches everything and goes on is left where it stands
     if (outer_)
         outer_.release();
 }

@@ -30,7 +30,7 @@ namespace host {
 class CommandEngine {
 public:
     explicit CommandEngine(Transcript::Sink sink);
-    ~CommandEngine(); // commands still running are cancelled
+    ~CommandEngine();
     CommandEngine(const CommandEngine&) = delete;
     CommandEngine& operator=(const CommandEngine&) = delete;
 
@@ -48,6 +48,8 @@ public:
     // line left open at the end is ended.
     void beginStep() { steps_.begin(); }
     void endStep();
+    // At the end of the program: commands still running are cancelled, their prompts throw.
+    void abandonCommands();
     int unknownCommands() const { return unknownCommands_; } // typed or called so far
 
     // For commands and the functions they call.

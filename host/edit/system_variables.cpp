@@ -79,9 +79,8 @@ bool inRange(const VariableRow& row, const resbuf& value)
     return std::isfinite(number) && number >= row.least && number <= row.greatest;
 }
 
-template <class Table> bool tableHas(AcDbDatabase& database, AcDbObjectId id, std::wstring_view name)
+template <class Table> bool tableHas(AcDbObjectId id, std::wstring_view name)
 {
-    static_cast<void>(database);
     AcDbObjectPointer<Table> table(id, AcDb::kForRead);
     return table && table->has(name);
 }
@@ -101,14 +100,14 @@ bool hasMultilineStyle(AcDbDatabase& database, std::wstring_view name)
 bool drawingHas(AcDbDatabase& database, std::wstring_view variable, std::wstring_view name)
 {
     if (equalNoCase(variable, L"CLAYER"))
-        return tableHas<AcDbLayerTable>(database, database.layerTableId(), name);
+        return tableHas<AcDbLayerTable>(database.layerTableId(), name);
     if (equalNoCase(variable, L"CELTYPE"))
         return equalNoCase(name, L"ByLayer") || equalNoCase(name, L"ByBlock") ||
-               tableHas<AcDbLinetypeTable>(database, database.linetypeTableId(), name);
+               tableHas<AcDbLinetypeTable>(database.linetypeTableId(), name);
     if (equalNoCase(variable, L"TEXTSTYLE"))
-        return tableHas<AcDbTextStyleTable>(database, database.textStyleTableId(), name);
+        return tableHas<AcDbTextStyleTable>(database.textStyleTableId(), name);
     if (equalNoCase(variable, L"DIMSTYLE"))
-        return tableHas<AcDbDimStyleTable>(database, database.dimStyleTableId(), name);
+        return tableHas<AcDbDimStyleTable>(database.dimStyleTableId(), name);
     if (equalNoCase(variable, L"CMLSTYLE"))
         return hasMultilineStyle(database, name);
     return true;

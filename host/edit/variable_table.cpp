@@ -56,7 +56,11 @@ void computeCommandActivity(resbuf& value)
         static_cast<std::int16_t>(engineExists() ? engine().commandActivity() : 0);
 }
 
-std::wstring documentPath() { return curDoc() ? shownPath(curDoc()->fileName()) : std::wstring(); }
+std::wstring documentPath()
+{
+    const std::wstring name = curDoc() ? curDoc()->fileName() : std::wstring();
+    return shownPath(std::wstring_view(name));
+}
 
 void computeDrawingName(resbuf& value) { value.resval.rstring = fileNameOf(documentPath()); }
 

@@ -33,7 +33,7 @@ public:
     BinaryForm(DxfVersion version, CodePage page, BinaryCodes codes);
 
     DxfVersion version() const override { return version_; }
-    BinaryCodes codes() const { return codes_; }
+    const CodePage& page() const { return page_; }
 
     void split(const char* first, std::size_t length, std::vector<Tag>& tags) const override;
 

@@ -3,6 +3,7 @@
 #include "host/db/tag_view.h"
 #include "host/io/class_records.h"
 #include "host/io/raise_version.h"
+#include "host/io/raised_drawing.h"
 #include "host/io/record_bytes.h"
 #include "host/io/section_order.h"
 #include "host/io/written_records.h"
@@ -356,9 +357,9 @@ WritePlan planWriting(Drawing& drawing)
 {
     const WrittenRecords written = findWrittenRecords(drawing);
     WritePlan plan;
-    if (const std::optional<DxfVersion> version = versionToRaiseTo(drawing, written)) {
-        plan.pieces.push_back({0, 0, raisedDrawing(drawing, written, *version)});
-        plan.message = raiseMessage(*version);
+    if (const std::optional<Raise> raise = findRaise(drawing, written)) {
+        plan.pieces.push_back({0, 0, raisedDrawing(drawing, written, raise->version)});
+        plan.message = raiseMessage(*raise);
         return plan;
     }
     plan.pieces = Planner(drawing, written).plan();

@@ -7,17 +7,17 @@
 
 namespace host {
 
-// The version to which a drawing of R12 or older has to be raised when it is saved: R2004 for a
-// true colour, R2000 for a line weight, for a dictionary that holds something, or for an entity
-// that R12 does not know. Nothing for a drawing that can stay as it is.
-std::optional<DxfVersion> versionToRaiseTo(Drawing& drawing, const WrittenRecords& written);
+// Why a drawing of R12 or older cannot stay as it is, and the version that can hold it.
+struct Raise {
+    DxfVersion version = DxfVersion::r2000;
+    std::wstring reason; // "line weights"
+};
 
-// The whole file in that version, in text or binary as the drawing is: every record gets handle,
-// owner and subclass markers, the tables theirs, the blocks their records, and an OBJECTS section
-// with what every drawing has. Nothing else of the records changes.
-std::string raisedDrawing(Drawing& drawing, const WrittenRecords& written, DxfVersion version);
+// R2004 for a true colour; R2000 for a line weight, for a dictionary that holds something, and for
+// an entity that R12 does not know. Nothing for a drawing that can stay.
+std::optional<Raise> findRaise(Drawing& drawing, const WrittenRecords& written);
 
-// "The drawing was raised to AutoCAD 2000 (AC1015): ..." for the user.
-std::wstring raiseMessage(DxfVersion version);
+// What the user is told.
+std::wstring raiseMessage(const Raise& raise);
 
 } // namespace host

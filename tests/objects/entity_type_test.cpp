@@ -70,8 +70,8 @@ TEST_F(EntityTypeTest, OthersAnswerWithTheirLastMarkerOrTheirDxfName)
     DxfDrawing drawing;
     drawing.dxfClass("SURVEYMARK", "SrvMark", true);
     const std::string trace = drawing.entity("TRACE", "AcDbTrace", kPoint);
-    const std::string mark = drawing.entity("SURVEYMARK", "SrvBase",
-                                            "90\n1\n100\nSrvMark\n40\n2.0\n");
+    const std::string mark =
+        drawing.entity("SURVEYMARK", "SrvBase", "90\n1\n100\nSrvMark\n40\n2.0\n");
     const std::string bare = drawing.entity("SURVEYMARK", "", "");
     open(drawing);
     EXPECT_EQ(typeOf(trace), L"AcDbTrace");

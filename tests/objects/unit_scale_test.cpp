@@ -14,14 +14,14 @@ TEST_F(UnitScaleTest, IsTheRatioOfTheUnits)
         double factor;
     };
     const Case cases[] = {
-        {0, 6, 1.0},        // a unitless block
-        {4, 6, 0.001},      // millimetres in metres
-        {6, 4, 1000.0},     // and the other way round
-        {2, 6, 0.305},      // feet
-        {10, 6, 0.914},     // yards
+        {0, 6, 1.0},    // a unitless block
+        {4, 6, 0.001},  // millimetres in metres
+        {6, 4, 1000.0}, // and the other way round
+        {2, 6, 0.305},  // feet
+        {10, 6, 0.914}, // yards
         {1, 2, 0.0254 / 0.305},
-        {7, 0, 1000.0},     // a unitless drawing counts as metres
-        {21, 6, 1.0},       // a code that is none
+        {7, 0, 1000.0}, // a unitless drawing counts as metres
+        {21, 6, 1.0},   // a code that is none
         {20, 18, 3.086e16 / 149597870700.0},
     };
     for (const Case& row : cases) {
@@ -29,10 +29,10 @@ TEST_F(UnitScaleTest, IsTheRatioOfTheUnits)
         DxfDrawing drawing;
         drawing.insunits = row.drawingUnits;
         drawing.block("DOOR", row.blockUnits);
-        const std::string handle = drawing.entity("INSERT", "AcDbBlockReference",
-                                                  "2\nDOOR\n10\n0.0\n20\n0.0\n30\n0.0\n");
-        open(drawing, std::to_string(row.blockUnits) + "-" + std::to_string(row.drawingUnits) +
-                          ".dxf");
+        const std::string handle =
+            drawing.entity("INSERT", "AcDbBlockReference", "2\nDOOR\n10\n0.0\n20\n0.0\n30\n0.0\n");
+        open(drawing,
+             std::to_string(row.blockUnits) + "-" + std::to_string(row.drawingUnits) + ".dxf");
         const AcDbObjectPointer<AcDbBlockReference> reference(idOf(handle), AcDb::kForRead);
         ASSERT_TRUE(reference);
         EXPECT_DOUBLE_EQ(UnitScaleFactor(*reference), row.factor);
@@ -55,8 +55,7 @@ TEST_F(UnitScaleTest, ADynamicReferenceCountsByItsDefinition)
 {
     DxfDrawing drawing;
     const std::string definition = drawing.block("Gate", 4);
-    drawing.block("*U1", 6, {},
-                  "1001\nAcDbBlockRepBTag\n1070\n1\n1005\n" + definition + "\n");
+    drawing.block("*U1", 6, {}, "1001\nAcDbBlockRepBTag\n1070\n1\n1005\n" + definition + "\n");
     const std::string handle =
         drawing.entity("INSERT", "AcDbBlockReference", "2\n*U1\n10\n0.0\n20\n0.0\n30\n0.0\n");
     open(drawing);
@@ -75,8 +74,9 @@ TEST_F(UnitScaleTest, ConstantAttributesAskForNothing)
                tag + "\n70\n" + flags + "\n";
     };
     DxfDrawing drawing;
-    drawing.block("DOOR", 0, attribute("F01", "A", "0") + attribute("F02", "B", "2") +
-                                 attribute("F03", "C", "8"));
+    drawing.block("DOOR", 0,
+                  attribute("F01", "A", "0") + attribute("F02", "B", "2") +
+                      attribute("F03", "C", "8"));
     const std::string handle =
         drawing.entity("INSERT", "AcDbBlockReference", "2\nDOOR\n10\n0.0\n20\n0.0\n30\n0.0\n");
     open(drawing);

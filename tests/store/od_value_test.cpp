@@ -112,7 +112,8 @@ TEST(OdValue, TextForms)
     EXPECT_EQ(OdValue(0.1).displayText(), L"0.1");
     EXPECT_EQ(OdValue(1e-13).displayText(), L"0.0");
     EXPECT_EQ(OdValue(0.1).asText(), L"0.100000");
-    EXPECT_EQ(OdValue(AcGePoint3d(0.5, 0.0, 1e6)).displayText(), L"0.500000,0.000000,1000000.000000");
+    EXPECT_EQ(OdValue(AcGePoint3d(0.5, 0.0, 1e6)).displayText(),
+              L"0.500000,0.000000,1000000.000000");
 }
 
 TEST(OdValue, FromText)

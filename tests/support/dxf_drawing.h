@@ -16,9 +16,9 @@ public:
 
     void layer(std::string_view name, int flags = 0, int color = 7)
     {
-        layers_ += record("LAYER", 0x2, "AcDbLayerTableRecord",
-                          field(2, name) + field(70, flags) + field(62, color) +
-                              field(6, "Continuous"));
+        layers_ +=
+            record("LAYER", 0x2, "AcDbLayerTableRecord",
+                   field(2, name) + field(70, flags) + field(62, color) + field(6, "Continuous"));
     }
     void linetype(std::string_view name)
     {
@@ -102,23 +102,28 @@ public:
                std::to_string(luprec) + "\n9\n$INSUNITS\n70\n" + std::to_string(insunits) +
                "\n0\nENDSEC\n0\nSECTION\n2\nCLASSES\n" + classes_ +
                "0\nENDSEC\n0\nSECTION\n2\nTABLES\n" + tableText("LTYPE", "5", standardLinetypes()) +
-               tableText("LAYER", "2", "0\nLAYER\n5\n10\n330\n2\n100\nAcDbSymbolTableRecord\n100\n"
-                                       "AcDbLayerTableRecord\n2\n0\n70\n0\n62\n7\n6\nContinuous\n" +
-                                           layers_) +
-               tableText("STYLE", "3", "0\nSTYLE\n5\n11\n330\n3\n100\nAcDbSymbolTableRecord\n100\n"
-                                       "AcDbTextStyleTableRecord\n2\nStandard\n70\n0\n40\n0.0\n3\n"
-                                       "txt\n" +
-                                           styles_) +
-               tableText("DIMSTYLE", "A", "0\nDIMSTYLE\n105\n27\n330\nA\n100\nAcDbSymbolTableRecord\n"
-                                          "100\nAcDbDimStyleTableRecord\n2\nStandard\n70\n0\n" +
-                                              dimensionStyles_) +
+               tableText("LAYER", "2",
+                         "0\nLAYER\n5\n10\n330\n2\n100\nAcDbSymbolTableRecord\n100\n"
+                         "AcDbLayerTableRecord\n2\n0\n70\n0\n62\n7\n6\nContinuous\n" +
+                             layers_) +
+               tableText("STYLE", "3",
+                         "0\nSTYLE\n5\n11\n330\n3\n100\nAcDbSymbolTableRecord\n100\n"
+                         "AcDbTextStyleTableRecord\n2\nStandard\n70\n0\n40\n0.0\n3\n"
+                         "txt\n" +
+                             styles_) +
+               tableText("DIMSTYLE", "A",
+                         "0\nDIMSTYLE\n105\n27\n330\nA\n100\nAcDbSymbolTableRecord\n"
+                         "100\nAcDbDimStyleTableRecord\n2\nStandard\n70\n0\n" +
+                             dimensionStyles_) +
                tableText("BLOCK_RECORD", "1",
                          spaceRecord("1F", "*Model_Space") + spaceRecord("1B", "*Paper_Space") +
                              blockRecords_) +
-               "0\nENDSEC\n0\nSECTION\n2\nBLOCKS\n" + blockText("*Model_Space", "1F", "", "20", "21") +
+               "0\nENDSEC\n0\nSECTION\n2\nBLOCKS\n" +
+               blockText("*Model_Space", "1F", "", "20", "21") +
                blockText("*Paper_Space", "1B", "", "1C", "1D") + blocks_ +
                "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" + entities_ +
-               "0\nENDSEC\n0\nSECTION\n2\nOBJECTS\n0\nDICTIONARY\n5\nC\n330\n0\n100\nAcDbDictionary\n"
+               "0\nENDSEC\n0\nSECTION\n2\nOBJECTS\n0\nDICTIONARY\n5\nC\n330\n0\n100\nAcDbDictionary"
+               "\n"
                "281\n1\n" +
                rootEntries_ + objects_ + "0\nENDSEC\n0\nEOF\n";
     }

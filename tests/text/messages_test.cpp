@@ -7,7 +7,8 @@ TEST(Messages, FillTheirTextsInOrder)
 {
     EXPECT_EQ(filledIn(Message::completedOf, std::size_t{3}, 5), L"Completed: 3/5\n");
     EXPECT_EQ(filledIn(Message::formatPrompt, std::wstring(L"%T %i")), L"Format<%T %i>: ");
-    EXPECT_EQ(filledIn(Message::invalidFormat), L"Error: invalid format (%T/%t, %i are required).\n");
+    EXPECT_EQ(filledIn(Message::invalidFormat),
+              L"Error: invalid format (%T/%t, %i are required).\n");
     EXPECT_EQ(filledIn(Message::objectDependenciesNotLoaded, L"Wall"),
               L"error: unable to load dependecies for object 'Wall'\n");
 }
@@ -27,8 +28,10 @@ TEST(Messages, EveryIdHasItsOwnText)
 
 TEST(Messages, ALineIsTheFirstThingFilledIn)
 {
-    EXPECT_EQ(messageText(12, Message::redefinition, L"Road"), L"12: error: redefinition of 'Road'\n");
+    EXPECT_EQ(messageText(12, Message::redefinition, L"Road"),
+              L"12: error: redefinition of 'Road'\n");
     EXPECT_EQ(messageText(7, Message::invalidClass, {}), L"7: error: invalid 'class' definition\n");
-    EXPECT_EQ(messageText({}, Message::layerNotFound, L"a%sb"), L"warning: layer 'a%sb' not found\n");
+    EXPECT_EQ(messageText({}, Message::layerNotFound, L"a%sb"),
+              L"warning: layer 'a%sb' not found\n");
     EXPECT_EQ(messageText({}, Message::classNotClosed, {}), L"error: invalid class definition\n");
 }

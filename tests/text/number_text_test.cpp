@@ -36,11 +36,14 @@ TEST(NumberText, ReadsTheIntegerATextBeginsWith)
 TEST(NumberText, ReadsTheRealATextBeginsWith)
 {
     const std::pair<const wchar_t*, double> cases[] = {
-        {L"2.5m", 2.5},     {L"-.5", -0.5},    {L"1e3", 1000.0},  {L"1E-2x", 0.01},
-        {L"1e", 1.0},       {L"1e+", 1.0},     {L"5.", 5.0},      {L".", 0.0},
-        {L"abc", 0.0},      {L" +4", 4.0},     {L"inf", 0.0},     {L"nan", 0.0},
-        {L"0x10", 0.0},     {L"1,5", 1.0},     {L"1e-999", 0.0},
-        {L"1e999", std::numeric_limits<double>::infinity()},
+        {L"2.5m", 2.5},   {L"-.5", -0.5},
+        {L"1e3", 1000.0}, {L"1E-2x", 0.01},
+        {L"1e", 1.0},     {L"1e+", 1.0},
+        {L"5.", 5.0},     {L".", 0.0},
+        {L"abc", 0.0},    {L" +4", 4.0},
+        {L"inf", 0.0},    {L"nan", 0.0},
+        {L"0x10", 0.0},   {L"1,5", 1.0},
+        {L"1e-999", 0.0}, {L"1e999", std::numeric_limits<double>::infinity()},
     };
     for (const auto& [text, value] : cases)
         EXPECT_EQ(leadingReal(text), value) << text;
@@ -57,8 +60,12 @@ TEST(NumberText, ReadsPointsWithCommasAlone)
 TEST(NumberText, TrimsZerosUpToOneDigit)
 {
     const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-        {L"1.500000000000", L"1.5"}, {L"2.000000000000", L"2.0"}, {L"100", L"100"},
-        {L"0.10", L"0.1"},           {L"1.", L"1."},              {L"10.01", L"10.01"},
+        {L"1.500000000000", L"1.5"},
+        {L"2.000000000000", L"2.0"},
+        {L"100", L"100"},
+        {L"0.10", L"0.1"},
+        {L"1.", L"1."},
+        {L"10.01", L"10.01"},
     };
     for (const auto& [text, trimmed] : cases)
         EXPECT_EQ(trimZeros(text), trimmed);

@@ -40,7 +40,7 @@ TEST_F(TextFileTest, KeepsLineFeedsAndFoldsCarriageReturns)
     using Pieces = std::vector<std::wstring>;
     EXPECT_EQ(linesOf("a\n\nb"), (Pieces{L"a\n", L"\n", L"b"}));
     EXPECT_EQ(linesOf("a\r\nb\rc\r\n"), (Pieces{L"a\n", L"b\rc\n"}));
-    EXPECT_EQ(linesOf("\xEF\xBB\xBFa\xC3\xA9\n"), (Pieces{L"a\u00e9\n"}));
+    EXPECT_EQ(linesOf("\xEF\xBB\xBF\xC3\xA9 a\n"), (Pieces{L"\u00e9 a\n"}));
     EXPECT_EQ(linesOf(""), Pieces{});
 }
 

@@ -1,0 +1,65 @@
+#include "console/console_output.h"
+
+#include "host/text/encoding.h"
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::size_t kPendingLimit = 64 * 1024; // bytes
+
+bool writeAll(int descriptor, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+} // namespace
+
+void ConsoleOutput::put(std::string_view bytes)
+{
+    broken_ = broken_ || !writeAll(STDOUT_FILENO, bytes);
+}
+
+void ConsoleOutput::write(std::wstring_view text)
+{
+    pending_ += host::toUtf8(text);
+    if (pending_.size() < kPendingLimit)
+        return;
+    const std::size_t lines = pending_.rfind('\n') + 1; // 0 when there is none
+    put(std::string_view(pending_).substr(0, lines));
+    pending_.erase(0, lines);
+}
+
+void ConsoleOutput::flush()
+{
+    put(pending_);
+    pending_.clear();
+}
+
+std::string ConsoleOutput::takeUnfinished()
+{
+    const std::size_t lines = pending_.rfind('\n') + 1;
+    put(std::string_view(pending_).substr(0, lines));
+    const std::string unfinished = pending_.substr(lines);
+    pending_.clear();
+    return unfinished;
+}
+
+void reportTrouble(std::string_view text)
+{
+    writeAll(STDERR_FILENO, "kelmaro: " + std::string(text) + "\n");
+}
+
+void reportTrouble(std::wstring_view text)
+{
+    reportTrouble(host::toUtf8(text));
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "host/db/entity.h"
+#include "host/db/entity_fields.h"
+
+// A mesh that is smoothed by subdivision: vertices and faces of the coarse shape, in world
+// coordinates. It is drawn unsmoothed.
+class AcDbSubDMesh : public AcDbEntity {
+    ACRX_DECLARE_MEMBERS(AcDbSubDMesh)
+public:
+    AcDbSubDMesh() = default;
+
+    std::vector<AcGePoint3d> vertices() const;
+    std::vector<std::vector<int>> faces() const; // indices of vertices, from 0
+
+    // What the mesh is made of; indices that are no vertex's are refused with eInvalidInput.
+    Acad::ErrorStatus setSubDMesh(std::span<const AcGePoint3d> vertices,
+                                  const std::vector<std::vector<int>>& faces);
+
+    bool strokes(host::StrokeSink& sink) const override;
+    std::string recordName() const override { return "MESH"; }
+    std::span<const std::string_view> markers() const override;
+};
