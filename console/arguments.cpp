@@ -44,16 +44,17 @@ std::variant<Arguments, ExitStatus> parseArguments(int count, const char* const*
     CLI::Option* const outputOption =
         app.add_option("-o", output, "Save the current drawing here at the end")
             ->type_name("OUTPUT");
-    CLI::Option* const save = app.add_flag("--save", arguments.save, "Save in place at the end");
+    app.add_flag("--save", arguments.save, "Save in place at the end");
     app.add_flag("--new", arguments.newDrawing, "Make an empty drawing the current one");
-    app.add_flag("--readonly", arguments.readOnly, "Refuse to save under the names as opened")
-        ->excludes(save);
+    app.add_flag("--readonly", arguments.readOnly, "Refuse to save under the names as opened");
     app.add_option("--support", arguments.supportFolder, "Look here first for support files")
         ->type_name("DIR")
-        ->check(CLI::ExistingDirectory);
+        ->check(CLI::Validator(CLI::ExistingDirectory).description(""));
 
     try {
         app.parse(count, values);
+        if (arguments.readOnly && arguments.save)
+            throw CLI::ExcludesError("--readonly", "--save");
     } catch (const CLI::Success& answer) {
         app.exit(answer);
         return ExitStatus::done;

@@ -146,6 +146,7 @@ char** complete(const char* beginning, int, int)
     if (asksForPath())
         return nullptr; // the line editor completes paths
     rl_attempted_completion_over = 1;
+    rl_completion_append_character = '\0'; // a blank would end the answer
     return rl_completion_matches(beginning, nextName);
 }
 

@@ -10,6 +10,6 @@ OdType typeOfGroup(int group); // none for any other group code
 // None for an item of any other group code.
 OdValue valueOfItem(const resbuf& item);
 
-// The value under its type's group code. A value of type none gives an item of group code 0, which no
-// drawing takes.
+// The value under its type's group code. A value of type none gives an item of group code 0, which
+// no drawing takes.
 resbuf itemOfValue(const OdValue& value);

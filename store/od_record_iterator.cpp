@@ -247,7 +247,6 @@ AcMap::EErrCode OdRecordIterator::removeRecord()
     if (!chain.empty())
         return rows->setFromRbChain(chain) == Acad::eOk ? AcMap::kOk : AcMap::kNotFound;
     removeEntry();
-    rowGone_ = lastRow_ = true;
     return rows->erase() == Acad::eOk ? AcMap::kOk : AcMap::kNotFound;
 }
 

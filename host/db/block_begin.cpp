@@ -5,25 +5,25 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbBlockEnd, AcDbEntity, "ENDBLK")
 
 namespace {
 
-constexpr short kOrder[] = { 2, 70, 10, 3, 1, 4 };
+constexpr short kOrder[] = {2, 70, 10, 3, 1, 4};
 
 }
 
 namespace host {
 
-const Subclass kBlockBeginPart { "AcDbBlockBegin", kOrder };
+const Subclass kBlockBeginPart{"AcDbBlockBegin", kOrder};
 
 } // namespace host
 
 std::span<const std::string_view> AcDbBlockBegin::markers() const
 {
-    static constexpr std::string_view own[] = { "AcDbEntity", "AcDbBlockBegin" };
+    static constexpr std::string_view own[] = {"AcDbEntity", "AcDbBlockBegin"};
     return own;
 }
 
 std::span<const std::string_view> AcDbBlockEnd::markers() const
 {
-    static constexpr std::string_view own[] = { "AcDbEntity", "AcDbBlockEnd" };
+    static constexpr std::string_view own[] = {"AcDbEntity", "AcDbBlockEnd"};
     return own;
 }
 
@@ -31,8 +31,8 @@ Acad::ErrorStatus AcDbBlockBegin::setName(std::wstring_view name)
 {
     const Acad::ErrorStatus status = setText(host::kBlockBeginPart, 2, name);
     // R12 mostly leaves the second writing of the name out
-    if (status != Acad::eOk
-        || (!isNewObject() && findField(tags(), host::kBlockBeginPart, 3) == host::TagList::npos))
+    if (status != Acad::eOk ||
+        (!isNewObject() && findField(tags(), host::kBlockBeginPart, 3) == host::TagList::npos))
         return status;
     return setText(host::kBlockBeginPart, 3, name);
 }

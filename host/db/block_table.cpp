@@ -28,8 +28,8 @@ bool isSpaceName(std::wstring_view name)
 {
     // paper spaces of further layouts are numbered
     constexpr std::wstring_view paper = ACDB_PAPER_SPACE;
-    return host::equalNoCase(name, ACDB_MODEL_SPACE)
-        || (name.size() >= paper.size() && host::equalNoCase(name.substr(0, paper.size()), paper));
+    return host::equalNoCase(name, ACDB_MODEL_SPACE) ||
+           (name.size() >= paper.size() && host::equalNoCase(name.substr(0, paper.size()), paper));
 }
 
 // The units that the design centre leaves in the extended data of files before R2007: a version
@@ -49,10 +49,7 @@ int unitsOfExtendedData(const ResbufChain& items)
 
 class ObjectTags : public host::TagWriter {
 public:
-    explicit ObjectTags(AcDbObject& object)
-        : object_(object)
-    {
-    }
+    explicit ObjectTags(AcDbObject& object) : object_(object) {}
     const TagList& tags() const override { return object_.tags(); }
     TagList& tagsForWrite() override { return object_.tagsForWrite(); }
 
@@ -64,7 +61,7 @@ private:
 
 std::span<const std::string_view> AcDbBlockTableRecord::markers() const
 {
-    static constexpr std::string_view own[] = { "AcDbSymbolTableRecord", "AcDbBlockTableRecord" };
+    static constexpr std::string_view own[] = {"AcDbSymbolTableRecord", "AcDbBlockTableRecord"};
     return own;
 }
 
@@ -114,7 +111,10 @@ bool AcDbBlockTableRecord::isAnonymous() const
     return own.starts_with(L'*') && !isSpaceName(own);
 }
 
-bool AcDbBlockTableRecord::isLayout() const { return isSpaceName(host::spaceNameOf(name())); }
+bool AcDbBlockTableRecord::isLayout() const
+{
+    return isSpaceName(host::spaceNameOf(name()));
+}
 
 bool AcDbBlockTableRecord::isFromExternalReference() const
 {
@@ -248,15 +248,15 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbEntity* entity)
     return appendAcDbEntity(id, entity);
 }
 
-Acad::ErrorStatus AcDbBlockTableRecord::newIterator(
-    std::unique_ptr<AcDbBlockTableRecordIterator>& iterator, bool atBeginning,
-    bool skipDeleted) const
+Acad::ErrorStatus
+AcDbBlockTableRecord::newIterator(std::unique_ptr<AcDbBlockTableRecordIterator>& iterator,
+                                  bool atBeginning, bool skipDeleted) const
 {
     iterator.reset();
     if (!drawing())
         return Acad::eNotInDatabase;
-    iterator = std::make_unique<AcDbBlockTableRecordIterator>(
-        *drawing(), stubNumber(), atBeginning, skipDeleted);
+    iterator = std::make_unique<AcDbBlockTableRecordIterator>(*drawing(), stubNumber(), atBeginning,
+                                                              skipDeleted);
     return Acad::eOk;
 }
 
@@ -267,8 +267,8 @@ bool AcDbBlockTableRecord::hasAttributeDefinitions() const
         return false;
     const host::RecordIndex& index = drawing()->index;
     return std::any_of(block->entities.begin(), block->entities.end(), [&](std::uint32_t stub) {
-        return (index[stub].flags & host::kErased) == 0
-            && index.types().name(index[stub].type) == "ATTDEF";
+        return (index[stub].flags & host::kErased) == 0 &&
+               index.types().name(index[stub].type) == "ATTDEF";
     });
 }
 
@@ -284,7 +284,10 @@ Acad::ErrorStatus AcDbBlockTableRecord::setBlockInsertUnits(int units)
     return units == blockInsertUnits() ? Acad::eOk : setInteger(part(), kUnits, units, -1);
 }
 
-AcDbObjectId AcDbBlockTableRecord::getLayoutId() const { return id(part(), kLayout); }
+AcDbObjectId AcDbBlockTableRecord::getLayoutId() const
+{
+    return id(part(), kLayout);
+}
 
 AcDbObjectId AcDbBlockTableRecord::dynamicDefinition() const
 {
@@ -297,17 +300,17 @@ AcDbObjectId AcDbBlockTableRecord::dynamicDefinition() const
 bool AcDbBlockTableRecord::isDynamicBlock() const
 {
     const AcDbObjectId dictionary = extensionDictionary();
-    return !dictionary.isNull()
-        && !host::dictionaryEntry(*drawing(), dictionary.stubNumber(), L"ACAD_ENHANCEDBLOCK")
+    return !dictionary.isNull() &&
+           !host::dictionaryEntry(*drawing(), dictionary.stubNumber(), L"ACAD_ENHANCEDBLOCK")
                 .isNull();
 }
 
 // ---- iterator ----
 
-AcDbBlockTableRecordIterator::AcDbBlockTableRecordIterator(
-    host::Drawing& drawing, std::uint32_t block, bool atBeginning, bool skipDeleted)
-    : drawing_(drawing)
-    , block_(block)
+AcDbBlockTableRecordIterator::AcDbBlockTableRecordIterator(host::Drawing& drawing,
+                                                           std::uint32_t block, bool atBeginning,
+                                                           bool skipDeleted)
+    : drawing_(drawing), block_(block)
 {
     start(atBeginning, skipDeleted);
 }
@@ -357,8 +360,8 @@ Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntityId(AcDbObjectId& id) co
     return done() ? Acad::eInvalidIndex : Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(
-    AcDbEntity*& entity, AcDb::OpenMode mode, bool openErased) const
+Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity, AcDb::OpenMode mode,
+                                                          bool openErased) const
 {
     entity = nullptr;
     return done() ? Acad::eInvalidIndex : acdbOpenObject(entity, entityId(), mode, openErased);

@@ -57,13 +57,13 @@ protected:
     void subErase(bool erasing) override;
 
 private:
-    const host::BlockPlace* place() const;      // null outside of a drawing
-    const host::TagList* beginTags() const;     // of the BLOCK; null without one
-    int beginFlags() const;                     // its 70
+    const host::BlockPlace* place() const;  // null outside of a drawing
+    const host::TagList* beginTags() const; // of the BLOCK; null without one
+    int beginFlags() const;                 // its 70
     template <class Change> Acad::ErrorStatus changeBegin(Change change);
 
     mutable std::shared_ptr<const host::TagList> begin_; // keeps beginTags() alive
-    AcGePoint3d newOrigin_; // until there is a BLOCK
+    AcGePoint3d newOrigin_;                              // until there is a BLOCK
     std::wstring newComments_;
 };
 

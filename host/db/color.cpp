@@ -18,16 +18,16 @@ public:
     constexpr Palette()
     {
         constexpr Rgb first[] = {
-            { 0, 0, 0 }, { 255, 0, 0 }, { 255, 255, 0 }, { 0, 255, 0 }, { 0, 255, 255 },
-            { 0, 0, 255 }, { 255, 0, 255 }, { 255, 255, 255 }, { 128, 128, 128 }, { 192, 192, 192 },
+            {0, 0, 0},   {255, 0, 0},   {255, 255, 0},   {0, 255, 0},     {0, 255, 255},
+            {0, 0, 255}, {255, 0, 255}, {255, 255, 255}, {128, 128, 128}, {192, 192, 192},
         };
-        constexpr std::uint8_t greys[] = { 51, 91, 132, 173, 214, 255 };
+        constexpr std::uint8_t greys[] = {51, 91, 132, 173, 214, 255};
         for (int i = 0; i < 10; ++i)
             colors_[static_cast<std::size_t>(i)] = first[i];
         for (int i = 10; i < 250; ++i)
             colors_[static_cast<std::size_t>(i)] = ofHue(i / 10 - 1, i % 10 / 2, i % 2 == 1);
         for (int i = 0; i < 6; ++i)
-            colors_[static_cast<std::size_t>(250 + i)] = { greys[i], greys[i], greys[i] };
+            colors_[static_cast<std::size_t>(250 + i)] = {greys[i], greys[i], greys[i]};
     }
 
     constexpr Rgb operator[](int index) const { return colors_[static_cast<std::size_t>(index)]; }
@@ -36,14 +36,14 @@ private:
     static constexpr Rgb ofHue(int hue, int level, bool pale)
     {
         // full brightness is 255; thousandths keep the steps exact
-        constexpr int brightness[] = { 1000, 800, 600, 500, 300 };
+        constexpr int brightness[] = {1000, 800, 600, 500, 300};
         const int sector = hue / 4;
         const int rising = sector % 2 == 0 ? hue % 4 : 4 - hue % 4; // quarters of the middle part
         constexpr int kHigh = 4;
         int quarters[3] = {};
         // which part is highest and which one lies between, sector by sector from red
-        constexpr int high[] = { 0, 1, 1, 2, 2, 0 };
-        constexpr int middle[] = { 1, 0, 2, 1, 0, 2 };
+        constexpr int high[] = {0, 1, 1, 2, 2, 0};
+        constexpr int middle[] = {1, 0, 2, 1, 0, 2};
         quarters[high[sector]] = kHigh;
         quarters[middle[sector]] = rising;
         std::uint8_t parts[3] = {};
@@ -51,15 +51,18 @@ private:
             const int eighths = pale ? 4 + quarters[i] : 2 * quarters[i];
             parts[i] = static_cast<std::uint8_t>(255 * brightness[level] * eighths / 8000);
         }
-        return { parts[0], parts[1], parts[2] };
+        return {parts[0], parts[1], parts[2]};
     }
 
-    std::array<Rgb, kColors> colors_ {};
+    std::array<Rgb, kColors> colors_{};
 };
 
 constexpr Palette kPalette;
 
-constexpr int square(int value) { return value * value; }
+constexpr int square(int value)
+{
+    return value * value;
+}
 
 } // namespace
 
@@ -75,8 +78,8 @@ int nearestIndex(Rgb color)
     int least = std::numeric_limits<int>::max();
     for (int i = 1; i < kColors; ++i) {
         const Rgb entry = kPalette[i];
-        const int distance = square(entry.red - color.red) + square(entry.green - color.green)
-            + square(entry.blue - color.blue);
+        const int distance = square(entry.red - color.red) + square(entry.green - color.green) +
+                             square(entry.blue - color.blue);
         if (distance < least) {
             least = distance;
             best = i;
@@ -98,7 +101,7 @@ void AcCmColor::setRGB(std::uint8_t red, std::uint8_t green, std::uint8_t blue)
     red_ = red;
     green_ = green;
     blue_ = blue;
-    index_ = static_cast<std::uint16_t>(host::nearestIndex({ red, green, blue }));
+    index_ = static_cast<std::uint16_t>(host::nearestIndex({red, green, blue}));
 }
 
 void AcCmColor::setNone()
@@ -107,11 +110,11 @@ void AcCmColor::setNone()
 }
 
 AcCmColor::AcCmColor(std::uint16_t index)
-    : method_(index == kByBlockIndex       ? kByBlock
+    : method_(index == kByBlockIndex   ? kByBlock
               : index == kByLayerIndex ? kByLayer
               : index > kByLayerIndex  ? kNone
-                                       : kByACI)
-    , index_(index > kByLayerIndex ? kNoneIndex : index)
+                                       : kByACI),
+      index_(index > kByLayerIndex ? kNoneIndex : index)
 {
     if (method_ != kByACI)
         return;

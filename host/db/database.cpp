@@ -51,9 +51,8 @@ int shortVariable(const host::Drawing& drawing, std::string_view name, int fallb
 // ---- life ----
 
 AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool /*noDocument*/)
-    : number_(enter(this))
-    , lookups_(std::make_unique<host::Lookups>())
-    , drawing_(std::make_unique<host::Drawing>(*this, number_))
+    : number_(enter(this)), lookups_(std::make_unique<host::Lookups>()),
+      drawing_(std::make_unique<host::Drawing>(*this, number_))
 {
     if (buildDefaultDrawing)
         host::drawingFormat().makeNew(*drawing_);
@@ -89,7 +88,8 @@ AcDbDatabase* AcDbDatabase::withNumber(std::uint32_t number)
 
 // ---- files ----
 
-Acad::ErrorStatus AcDbDatabase::readDwgFile(const std::filesystem::path& path, std::wstring* message)
+Acad::ErrorStatus AcDbDatabase::readDwgFile(const std::filesystem::path& path,
+                                            std::wstring* message)
 {
     if (drawing_->index.count() != 0)
         return Acad::eInvalidInput;
@@ -119,11 +119,14 @@ Acad::ErrorStatus AcDbDatabase::saveAs(const std::filesystem::path& path, std::w
     return Acad::eOk;
 }
 
-std::wstring AcDbDatabase::getFilename() const { return fileName_; }
+std::wstring AcDbDatabase::getFilename() const
+{
+    return fileName_;
+}
 
 AcDbDatabase::Saved AcDbDatabase::now(std::uint32_t stub) const
 {
-    return { drawing_->state(stub).tags, isLiving(drawing_->index[stub]) };
+    return {drawing_->state(stub).tags, isLiving(drawing_->index[stub])};
 }
 
 bool AcDbDatabase::isModified() const
@@ -152,15 +155,42 @@ AcDbObjectId AcDbDatabase::tableId(std::string_view name) const
     return table == drawing_->tables.end() ? AcDbObjectId() : drawing_->id(table->second.table);
 }
 
-AcDbObjectId AcDbDatabase::blockTableId() const { return tableId("BLOCK_RECORD"); }
-AcDbObjectId AcDbDatabase::layerTableId() const { return tableId("LAYER"); }
-AcDbObjectId AcDbDatabase::linetypeTableId() const { return tableId("LTYPE"); }
-AcDbObjectId AcDbDatabase::textStyleTableId() const { return tableId("STYLE"); }
-AcDbObjectId AcDbDatabase::dimStyleTableId() const { return tableId("DIMSTYLE"); }
-AcDbObjectId AcDbDatabase::regAppTableId() const { return tableId("APPID"); }
-AcDbObjectId AcDbDatabase::ucsTableId() const { return tableId("UCS"); }
-AcDbObjectId AcDbDatabase::viewTableId() const { return tableId("VIEW"); }
-AcDbObjectId AcDbDatabase::viewportTableId() const { return tableId("VPORT"); }
+AcDbObjectId AcDbDatabase::blockTableId() const
+{
+    return tableId("BLOCK_RECORD");
+}
+AcDbObjectId AcDbDatabase::layerTableId() const
+{
+    return tableId("LAYER");
+}
+AcDbObjectId AcDbDatabase::linetypeTableId() const
+{
+    return tableId("LTYPE");
+}
+AcDbObjectId AcDbDatabase::textStyleTableId() const
+{
+    return tableId("STYLE");
+}
+AcDbObjectId AcDbDatabase::dimStyleTableId() const
+{
+    return tableId("DIMSTYLE");
+}
+AcDbObjectId AcDbDatabase::regAppTableId() const
+{
+    return tableId("APPID");
+}
+AcDbObjectId AcDbDatabase::ucsTableId() const
+{
+    return tableId("UCS");
+}
+AcDbObjectId AcDbDatabase::viewTableId() const
+{
+    return tableId("VIEW");
+}
+AcDbObjectId AcDbDatabase::viewportTableId() const
+{
+    return tableId("VPORT");
+}
 
 #define HOST_SYMBOL_TABLE(TABLE, ID)                                                               \
     Acad::ErrorStatus AcDbDatabase::getSymbolTable(TABLE*& table, AcDb::OpenMode mode)             \
@@ -185,16 +215,25 @@ AcDbObjectId AcDbDatabase::namedObjectsDictionaryId() const
     return drawing_->id(drawing_->rootDictionary);
 }
 
-Acad::ErrorStatus AcDbDatabase::getNamedObjectsDictionary(
-    AcDbDictionary*& dictionary, AcDb::OpenMode mode)
+Acad::ErrorStatus AcDbDatabase::getNamedObjectsDictionary(AcDbDictionary*& dictionary,
+                                                          AcDb::OpenMode mode)
 {
     return acdbOpenObject(dictionary, namedObjectsDictionaryId(), mode);
 }
 
-AcDbObjectId AcDbDatabase::modelSpaceId() const { return drawing_->id(drawing_->modelSpace); }
-AcDbObjectId AcDbDatabase::paperSpaceId() const { return drawing_->id(drawing_->paperSpace); }
+AcDbObjectId AcDbDatabase::modelSpaceId() const
+{
+    return drawing_->id(drawing_->modelSpace);
+}
+AcDbObjectId AcDbDatabase::paperSpaceId() const
+{
+    return drawing_->id(drawing_->paperSpace);
+}
 
-AcDbObjectId AcDbDatabase::layerZero() const { return findSymbol(*drawing_, "LAYER", L"0"); }
+AcDbObjectId AcDbDatabase::layerZero() const
+{
+    return findSymbol(*drawing_, "LAYER", L"0");
+}
 
 AcDbObjectId AcDbDatabase::byLayerLinetype() const
 {
@@ -233,9 +272,18 @@ Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, AcDbHandle han
 
 // ---- variables, reactors ----
 
-int AcDbDatabase::luprec() const { return shortVariable(*drawing_, "LUPREC", kDefaultLuprec); }
-int AcDbDatabase::insunits() const { return shortVariable(*drawing_, "INSUNITS", 0); }
-int AcDbDatabase::measurement() const { return shortVariable(*drawing_, "MEASUREMENT", 0); }
+int AcDbDatabase::luprec() const
+{
+    return shortVariable(*drawing_, "LUPREC", kDefaultLuprec);
+}
+int AcDbDatabase::insunits() const
+{
+    return shortVariable(*drawing_, "INSUNITS", 0);
+}
+int AcDbDatabase::measurement() const
+{
+    return shortVariable(*drawing_, "MEASUREMENT", 0);
+}
 
 void AcDbDatabase::addReactor(AcDbDatabaseReactor* reactor)
 {
@@ -243,7 +291,10 @@ void AcDbDatabase::addReactor(AcDbDatabaseReactor* reactor)
         reactors_.push_back(reactor);
 }
 
-void AcDbDatabase::removeReactor(AcDbDatabaseReactor* reactor) { std::erase(reactors_, reactor); }
+void AcDbDatabase::removeReactor(AcDbDatabaseReactor* reactor)
+{
+    std::erase(reactors_, reactor);
+}
 
 AcDbHostApplicationServices* acdbHostApplicationServices()
 {

@@ -24,9 +24,9 @@ constexpr int kHard = 280;
 constexpr int kCloning = 281;
 constexpr int kKeepExisting = 1;
 
-constexpr short kOrder[] = { 280, 281 };
-constexpr host::Subclass kPart { "AcDbDictionary", kOrder };
-constexpr host::Subclass kDefaultPart { "AcDbDictionaryWithDefault" };
+constexpr short kOrder[] = {280, 281};
+constexpr host::Subclass kPart{"AcDbDictionary", kOrder};
+constexpr host::Subclass kDefaultPart{"AcDbDictionaryWithDefault"};
 
 bool isPointer(const host::Tag& tag)
 {
@@ -51,7 +51,7 @@ template <class Visit> void eachEntry(const TagList& tags, Visit visit)
             ++i;
             continue;
         }
-        EntryPlace place { i, npos, i + 1 };
+        EntryPlace place{i, npos, i + 1};
         while (place.end < range->last && tags[place.end].code != kKey) {
             if (isPointer(tags[place.end]) && place.pointer == npos)
                 place.pointer = place.end;
@@ -91,7 +91,7 @@ struct AcDbDictionary::EntryTags : EntryPlace {};
 
 std::span<const std::string_view> AcDbDictionary::markers() const
 {
-    static constexpr std::string_view own[] = { kPart.marker };
+    static constexpr std::string_view own[] = {kPart.marker};
     return own;
 }
 
@@ -104,7 +104,7 @@ const std::vector<AcDbDictionary::Entry>& AcDbDictionary::entries() const
     const TagList& own = tags();
     eachEntry(own, [&](const EntryPlace& place) {
         const std::uint64_t handle = place.pointer == npos ? 0 : own.handle(place.pointer);
-        entries_.push_back({ own.text(place.key), idOfHandle(handle) });
+        entries_.push_back({own.text(place.key), idOfHandle(handle)});
         positions_.try_emplace(entries_.back().name, entries_.size() - 1);
         return true;
     });
@@ -141,8 +141,8 @@ Acad::ErrorStatus AcDbDictionary::getAt(std::wstring_view name, AcDbObjectId& id
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbDictionary::getAt(
-    std::wstring_view name, AcDbObject*& entry, AcDb::OpenMode mode) const
+Acad::ErrorStatus AcDbDictionary::getAt(std::wstring_view name, AcDbObject*& entry,
+                                        AcDb::OpenMode mode) const
 {
     entry = nullptr;
     AcDbObjectId id;
@@ -178,11 +178,15 @@ Acad::ErrorStatus AcDbDictionary::nameAt(AcDbObjectId id, std::wstring& name) co
 
 std::uint32_t AcDbDictionary::numEntries() const
 {
-    return static_cast<std::uint32_t>(std::count_if(entries().begin(), entries().end(),
-        [](const Entry& entry) { return !entry.id.isErased(); }));
+    return static_cast<std::uint32_t>(
+        std::count_if(entries().begin(), entries().end(),
+                      [](const Entry& entry) { return !entry.id.isErased(); }));
 }
 
-bool AcDbDictionary::isTreatElementsAsHard() const { return integer(kPart, kHard, 0) != 0; }
+bool AcDbDictionary::isTreatElementsAsHard() const
+{
+    return integer(kPart, kHard, 0) != 0;
+}
 
 std::unique_ptr<AcDbDictionaryIterator> AcDbDictionary::newIterator() const
 {
@@ -195,8 +199,7 @@ std::unique_ptr<AcDbDictionaryIterator> AcDbDictionary::newIterator() const
 
 // ---- changing ----
 
-Acad::ErrorStatus AcDbDictionary::setAt(
-    std::wstring_view name, AcDbObject* value, AcDbObjectId& id)
+Acad::ErrorStatus AcDbDictionary::setAt(std::wstring_view name, AcDbObject* value, AcDbObjectId& id)
 {
     id.setNull();
     if (!drawing())
@@ -247,7 +250,7 @@ Acad::ErrorStatus AcDbDictionary::setAt(
     const int code = codeOfNewEntry(own);
     own.insertText(end, kKey, name);
     own.insertHandle(end + 1, code, handle);
-    entries_.push_back({ std::wstring(name), id });
+    entries_.push_back({std::wstring(name), id});
     positions_.try_emplace(entries_.back().name, entries_.size() - 1);
     return Acad::eOk;
 }
@@ -323,7 +326,7 @@ void AcDbDictionary::complete()
 {
     if (host::findField(tags(), kPart, kCloning) == npos)
         tagsForWrite().insertInteger(host::placeOfField(tags(), kPart, kCloning), kCloning,
-            kKeepExisting);
+                                     kKeepExisting);
 }
 
 void AcDbDictionary::subErase(bool erasing)
@@ -336,13 +339,19 @@ void AcDbDictionary::subErase(bool erasing)
     }
 }
 
-void AcDbDictionary::memberErased(AcDbObjectId member) { remove(member); }
+void AcDbDictionary::memberErased(AcDbObjectId member)
+{
+    remove(member);
+}
 
-AcDbObjectId AcDbDictionaryWithDefault::defaultId() const { return id(kDefaultPart, 340); }
+AcDbObjectId AcDbDictionaryWithDefault::defaultId() const
+{
+    return id(kDefaultPart, 340);
+}
 
 std::span<const std::string_view> AcDbDictionaryWithDefault::markers() const
 {
-    static constexpr std::string_view own[] = { kPart.marker, kDefaultPart.marker };
+    static constexpr std::string_view own[] = {kPart.marker, kDefaultPart.marker};
     return own;
 }
 

@@ -67,11 +67,11 @@ protected:
 
 private:
     struct EntryTags;
-    using Positions = std::unordered_map<std::wstring, std::size_t, host::NoCaseHash,
-                                         host::NoCaseEqual>;
+    using Positions =
+        std::unordered_map<std::wstring, std::size_t, host::NoCaseHash, host::NoCaseEqual>;
 
     const Entry* find(std::wstring_view name) const; // null for none
-    void complete(); // what a new record says besides its entries
+    void complete();                                 // what a new record says besides its entries
     EntryTags tagsOfEntry(std::size_t number) const;
     Acad::ErrorStatus removeEntry(std::size_t number);
     void forgetEntries() { entries_.clear(), read_ = false; }
@@ -122,8 +122,8 @@ std::wstring dictionaryKey(Drawing& drawing, std::uint32_t dictionary, std::uint
 // anything stay. True when there were some. What is written to a file goes through this.
 bool dropErasedEntries(const Drawing& drawing, TagList& tags);
 
-// The root dictionary's dictionary of that key ("ACAD_GROUP"), made if the drawing has none; null id
-// when the root cannot be opened for write.
+// The root dictionary's dictionary of that key ("ACAD_GROUP"), made if the drawing has none; null
+// id when the root cannot be opened for write.
 AcDbObjectId standardDictionary(Drawing& drawing, std::wstring_view key);
 
 } // namespace host

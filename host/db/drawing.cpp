@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <utility>
 
 namespace host {
 
@@ -70,14 +71,25 @@ void Drawing::restore(std::uint32_t stub, const ObjectState& state)
     }
     if (record.object) {
         record.object->tags_ = state.tags;
+        // who still has it open for write begins anew, so that the journal hears of it
+        record.object->changing_ = record.object->fresh_ = false;
         record.object->tagsReplaced();
     }
     noteChanged(stub);
     if ((record.flags & kEntity) == 0)
         ++symbolGeneration;
+    if ((record.flags & kStructure) == 0)
+        tellRestored(stub, before);
+}
 
-    if (!record.object)
-        return;
+void Drawing::tellRestored(std::uint32_t stub, std::uint16_t before)
+{
+    Stub& record = index[stub];
+    if (!record.object) {
+        record.object = newObjectOf(*this, stub).release();
+        record.object->drawing_ = this;
+        record.object->stub_ = stub;
+    }
     AcDbObject* const object = record.object;
     const bool gone = (record.flags & kErased) != 0;
     if (((before ^ record.flags) & kNeverWas) != 0) {
@@ -92,6 +104,8 @@ void Drawing::restore(std::uint32_t stub, const ObjectState& state)
         database.tellReactors(
             [&](AcDbDatabaseReactor& reactor) { reactor.objectModified(&database, object); });
     }
+    if (object->readers_ == 0 && !object->writer_)
+        closed(*object);
 }
 
 std::uint32_t Drawing::addStub(std::uint16_t type, std::uint32_t owner, std::uint16_t flags)
@@ -134,13 +148,14 @@ void Drawing::refreshStub(std::uint32_t stub, const TagList& tags)
 void Drawing::closed(AcDbObject& object)
 {
     Stub& record = index[object.stub_];
-    if ((record.flags & kChanged) != 0 || object.queued_ || !object.reactors_.empty())
+    if ((record.flags & kChanged) != 0 || !object.reactors_.empty())
         return;
-    object.queued_ = true;
     const std::size_t bytes =
         kObjectBytes + (object.tags_ ? object.tags_->size() * sizeof(Tag) : 0);
-    decoded_.push_back({object.stub_, bytes});
-    decodedBytes_ += bytes;
+    if (object.queuedBytes_ == 0)
+        decoded_.push_back(object.stub_);
+    decodedBytes_ += bytes - object.queuedBytes_; // its tags may have been split since
+    object.queuedBytes_ = bytes;
     if (decodedBytes_ > kDecodedLimit)
         trimDecoded();
 }
@@ -148,16 +163,14 @@ void Drawing::closed(AcDbObject& object)
 void Drawing::trimDecoded()
 {
     while (decodedBytes_ > kDecodedLimit / 2 && !decoded_.empty()) {
-        const Decoded oldest = decoded_.front();
+        const std::uint32_t oldest = decoded_.front();
         decoded_.pop_front();
-        decodedBytes_ -= oldest.bytes;
-        AcDbObject* const object = index[oldest.stub].object;
+        AcDbObject* const object = index[oldest].object;
         if (!object)
             continue;
-        object->queued_ = false;
-        if (object->readers_ == 0 && !object->writer_ &&
-            (index[oldest.stub].flags & kChanged) == 0 && object->reactors_.empty())
-            forget(oldest.stub);
+        decodedBytes_ -= std::exchange(object->queuedBytes_, 0);
+        if ((index[oldest].flags & kChanged) == 0 && object->reactors_.empty())
+            forget(oldest);
     }
 }
 
@@ -166,6 +179,7 @@ void Drawing::forget(std::uint32_t stub)
     AcDbObject*& object = index[stub].object;
     if (!object || object->readers_ > 0 || object->writer_)
         return;
+    decodedBytes_ -= object->queuedBytes_;
     delete object;
     object = nullptr;
 }

@@ -97,8 +97,7 @@ public:
     // again.
     std::uint64_t symbolGeneration = 0;
 
-    // Reads stub.owner, layer and flags anew from the tags; called when tags were changed or put
-    // back.
+    // Reads the stub's layer, and what its flags tell of groups, anew from changed tags.
     void refreshStub(std::uint32_t stub, const TagList& tags);
 
     // Decoded objects that nobody has open stay for a while; the oldest clean ones go when they
@@ -119,15 +118,12 @@ public:
 
 private:
     void trimDecoded();
+    void tellRestored(std::uint32_t stub, std::uint16_t before); // `before`: its flags
     template <class Visit> void eachChild(std::uint32_t parent, Visit visit) const;
 
     std::set<std::uint32_t> changed_;
-    struct Decoded {
-        std::uint32_t stub;
-        std::size_t bytes;
-    };
-    std::deque<Decoded> decoded_;
-    std::size_t decodedBytes_ = 0;
+    std::deque<std::uint32_t> decoded_; // stubs of closed objects, the longest closed first
+    std::size_t decodedBytes_ = 0;      // what they count for
 };
 
 } // namespace host

@@ -16,6 +16,9 @@ DrawingFormat& drawingFormat()
     return *formatInUse;
 }
 
-void setDrawingFormat(DrawingFormat* format) { formatInUse = format; }
+void setDrawingFormat(DrawingFormat* format)
+{
+    formatInUse = format;
+}
 
 } // namespace host

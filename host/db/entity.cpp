@@ -79,6 +79,8 @@ Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId id)
 {
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
+    if (drawing() && !id.isNull() && id.database() != database())
+        return Acad::eWrongDatabase;
     if (id == layerId())
         return Acad::eOk;
     const host::Reading<AcDbLayerTableRecord> record(id);
@@ -173,6 +175,8 @@ Acad::ErrorStatus AcDbEntity::setLinetype(AcDbObjectId id)
 {
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
+    if (drawing() && !id.isNull() && id.database() != database())
+        return Acad::eWrongDatabase;
     if (id == linetypeId())
         return Acad::eOk;
     const host::Reading<AcDbLinetypeTableRecord> record(id);

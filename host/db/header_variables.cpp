@@ -28,8 +28,8 @@ TagRange valuesOf(const TagList& tags, std::string_view name)
         while (range.first < tags.size() && tagKind(tags[range.first].code) == TagKind::comment)
             ++range.first;
         range.last = range.first;
-        while (range.last < tags.size() && tags[range.last].code != kNameCode
-            && tagKind(tags[range.last].code) != TagKind::comment)
+        while (range.last < tags.size() && tags[range.last].code != kNameCode &&
+               tagKind(tags[range.last].code) != TagKind::comment)
             ++range.last;
         return range;
     }
@@ -58,7 +58,10 @@ std::shared_ptr<const TagList> headerTags(const Drawing& constDrawing)
     return known;
 }
 
-bool isPoint(int code) { return code == 10; }
+bool isPoint(int code)
+{
+    return code == 10;
+}
 
 resbuf valueIn(const TagList& tags, TagRange range)
 {
@@ -111,16 +114,16 @@ std::optional<double> realOf(const resbuf& value)
 std::optional<std::int64_t> integerOf(const resbuf& value, std::int64_t least, std::int64_t most)
 {
     const std::optional<double> real = realOf(value);
-    if (!real || *real != std::floor(*real) || *real < static_cast<double>(least)
-        || *real > static_cast<double>(most))
+    if (!real || *real != std::floor(*real) || *real < static_cast<double>(least) ||
+        *real > static_cast<double>(most))
         return std::nullopt;
     return static_cast<std::int64_t>(*real);
 }
 
 template <class Integer> std::optional<std::int64_t> integerOf(const resbuf& value)
 {
-    return integerOf(
-        value, std::numeric_limits<Integer>::min(), std::numeric_limits<Integer>::max());
+    return integerOf(value, std::numeric_limits<Integer>::min(),
+                     std::numeric_limits<Integer>::max());
 }
 
 // Appends the value's tags for a code; `coordinates` counts those of a point. False when the value
@@ -187,10 +190,10 @@ bool sameValue(const TagList& tags, TagRange range, const TagList& wanted)
         if (tags[at].code != wanted[i].code)
             return false;
         const TagKind kind = tagKind(wanted[i].code);
-        if (kind == TagKind::text ? tags.text(at) != wanted.text(i)
-                : kind == TagKind::real ? tags.real(at) != wanted.real(i)
-                : kind == TagKind::handle ? tags.handle(at) != wanted.handle(i)
-                                          : tags.integer(at) != wanted.integer(i))
+        if (kind == TagKind::text     ? tags.text(at) != wanted.text(i)
+            : kind == TagKind::real   ? tags.real(at) != wanted.real(i)
+            : kind == TagKind::handle ? tags.handle(at) != wanted.handle(i)
+                                      : tags.integer(at) != wanted.integer(i))
             return false;
     }
     return true;

@@ -22,28 +22,21 @@ struct StandardRecord {
     std::wstring_view name;
 };
 constexpr StandardRecord kStandardRecords[] = {
-    { "LTYPE", L"ByBlock" },
-    { "LTYPE", L"ByLayer" },
-    { "LTYPE", L"Continuous" },
-    { "LAYER", L"0" },
-    { "STYLE", L"Standard" },
-    { "APPID", L"ACAD" },
-    { "DIMSTYLE", L"Standard" },
+    {"LTYPE", L"ByBlock"},  {"LTYPE", L"ByLayer"}, {"LTYPE", L"Continuous"},  {"LAYER", L"0"},
+    {"STYLE", L"Standard"}, {"APPID", L"ACAD"},    {"DIMSTYLE", L"Standard"},
 };
 
 class Completion {
 public:
     explicit Completion(Drawing& drawing)
-        : drawing_(drawing)
-        , index_(drawing.index)
-        , names_(drawing.database.lookups().implicitNames)
+        : drawing_(drawing), index_(drawing.index), names_(drawing.database.lookups().implicitNames)
     {
     }
 
     void run()
     {
-        drawing_.nextHandle = std::max(
-            { drawing_.nextHandle, drawing_.fileSeed, index_.greatestHandle() + 1 });
+        drawing_.nextHandle =
+            std::max({drawing_.nextHandle, drawing_.fileSeed, index_.greatestHandle() + 1});
         if (drawing_.header == 0)
             drawing_.header = make("SECTION HEADER", 0, kStructure, false);
         completeTables();
@@ -54,8 +47,8 @@ public:
     }
 
 private:
-    std::uint32_t make(
-        std::string_view type, std::uint32_t owner, std::uint16_t flags, bool handle = true)
+    std::uint32_t make(std::string_view type, std::uint32_t owner, std::uint16_t flags,
+                       bool handle = true)
     {
         Stub stub;
         stub.type = index_.types().number(type);
@@ -129,8 +122,8 @@ private:
         const std::uint32_t named = findSymbol(drawing_, kBlockRecords, name).stubNumber();
         if (isBlockRecord(named) && drawing_.blocks[named].begin == 0)
             return named;
-        const std::uint32_t made
-            = makeRecord(drawing_.tables.find(kBlockRecords)->second, spaceNameOf(name));
+        const std::uint32_t made =
+            makeRecord(drawing_.tables.find(kBlockRecords)->second, spaceNameOf(name));
         drawing_.blocks[made].record = made;
         return made;
     }
@@ -140,8 +133,7 @@ private:
         const AcDbObjectId found = findSymbol(drawing_, kBlockRecords, name);
         if (!found.isNull())
             return found.stubNumber();
-        const std::uint32_t made
-            = makeRecord(drawing_.tables.find(kBlockRecords)->second, name);
+        const std::uint32_t made = makeRecord(drawing_.tables.find(kBlockRecords)->second, name);
         drawing_.blocks[made].record = made;
         return made;
     }
@@ -195,7 +187,7 @@ private:
 
     void placeEntities()
     {
-        std::vector<bool> placed(drawing_.fileRecords + std::size_t { 1 });
+        std::vector<bool> placed(drawing_.fileRecords + std::size_t{1});
         for (const auto& [record, block] : drawing_.blocks) {
             for (const std::uint32_t entity : block.entities) {
                 index_[entity].owner = record;
@@ -238,11 +230,10 @@ private:
             if ((entity.flags & kEntity) == 0)
                 return;
             const bool paper = (entity.flags & kPaperSpace) != 0;
-            place(stub,
-                placed[stub]                   ? entity.owner
-                    : isBlockRecord(entity.owner) ? entity.owner
-                    : paper                       ? drawing_.paperSpace
-                                                  : drawing_.modelSpace);
+            place(stub, placed[stub]                  ? entity.owner
+                        : isBlockRecord(entity.owner) ? entity.owner
+                        : paper                       ? drawing_.paperSpace
+                                                      : drawing_.modelSpace);
         });
     }
 
@@ -264,8 +255,7 @@ private:
             if (drawing_.rootDictionary == 0 && record.owner == 0)
                 drawing_.rootDictionary = stub;
         });
-        if (drawing_.rootDictionary == 0 && first != 0
-            && index_[index_[first].owner].type != type)
+        if (drawing_.rootDictionary == 0 && first != 0 && index_[index_[first].owner].type != type)
             drawing_.rootDictionary = first; // owned by what is no dictionary
         if (drawing_.rootDictionary == 0)
             drawing_.rootDictionary = make("DICTIONARY", 0, 0);
@@ -283,7 +273,10 @@ private:
     BlockPlace* lastPlace_ = nullptr;
 };
 
-std::wstring wide(std::string_view ascii) { return { ascii.begin(), ascii.end() }; }
+std::wstring wide(std::string_view ascii)
+{
+    return {ascii.begin(), ascii.end()};
+}
 
 void addMarkers(TagList& tags, bool wanted, std::initializer_list<std::string_view> markers)
 {
@@ -295,7 +288,10 @@ void addMarkers(TagList& tags, bool wanted, std::initializer_list<std::string_vi
 
 } // namespace
 
-void completeDrawing(Drawing& drawing) { Completion(drawing).run(); }
+void completeDrawing(Drawing& drawing)
+{
+    Completion(drawing).run();
+}
 
 std::shared_ptr<TagList> implicitTags(Drawing& drawing, std::uint32_t stub)
 {
@@ -317,21 +313,21 @@ std::shared_ptr<TagList> implicitTags(Drawing& drawing, std::uint32_t stub)
     tags.addHandle(type == "DIMSTYLE" ? 105 : 5, record.handle);
     // what R12 does not know at all is written as the later versions do
     const bool table = type.starts_with(kTablePrefix);
-    const bool modern
-        = drawing.version > DxfVersion::r12 || !(kind || table) || type == kBlockRecords;
+    const bool modern =
+        drawing.version > DxfVersion::r12 || !(kind || table) || type == kBlockRecords;
     if (modern)
         tags.addHandle(330, record.owner ? drawing.index[record.owner].handle : 0);
     if (kind) {
-        addMarkers(tags, modern, { "AcDbSymbolTableRecord", kind->part.marker });
+        addMarkers(tags, modern, {"AcDbSymbolTableRecord", kind->part.marker});
         const ImplicitNames& names = drawing.database.lookups().implicitNames;
         const auto name = names.find(stub);
         tags.addText(2, name == names.end() ? std::wstring() : name->second);
         addDefaults(tags, *kind, drawing.version);
     } else if (table) {
-        addMarkers(tags, modern, { "AcDbSymbolTable" });
+        addMarkers(tags, modern, {"AcDbSymbolTable"});
         tags.addInteger(70, 0);
     } else {
-        addMarkers(tags, modern, { "AcDbDictionary" });
+        addMarkers(tags, modern, {"AcDbDictionary"});
         tags.addInteger(281, 1);
     }
     return finished();

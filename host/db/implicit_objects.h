@@ -15,8 +15,8 @@ namespace host {
 
 // Called by the reader of files once index, handles, sections, tables and header are filled.
 // Makes what is missing and sets modelSpace, paperSpace and rootDictionary. Blocks and entities
-// that the reader has not placed in `blocks` are placed: in BLOCKS the place in the file decides, in
-// ENTITIES the owner if it is a block record, else group 67. Sets the owner of every entity (its
+// that the reader has not placed in `blocks` are placed: in BLOCKS the place in the file decides,
+// in ENTITIES the owner if it is a block record, else group 67. Sets the owner of every entity (its
 // block record, or for a child its POLYLINE or INSERT), table record, BLOCK and ENDBLK.
 void completeDrawing(Drawing& drawing);
 

@@ -7,31 +7,43 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbLayout, AcDbPlotSettings, "LAYOUT")
 
 namespace {
 
-constexpr host::Subclass kSettings { "AcDbPlotSettings" };
-constexpr host::Subclass kLayout { "AcDbLayout" };
+constexpr host::Subclass kSettings{"AcDbPlotSettings"};
+constexpr host::Subclass kLayout{"AcDbLayout"};
 constexpr int kModelTypeBit = 1024;
 
 } // namespace
 
 std::span<const std::string_view> AcDbPlotSettings::markers() const
 {
-    static constexpr std::string_view own[] = { kSettings.marker };
+    static constexpr std::string_view own[] = {kSettings.marker};
     return own;
 }
 
 std::span<const std::string_view> AcDbLayout::markers() const
 {
-    static constexpr std::string_view own[] = { kSettings.marker, kLayout.marker };
+    static constexpr std::string_view own[] = {kSettings.marker, kLayout.marker};
     return own;
 }
 
-std::wstring AcDbPlotSettings::getPlotSettingsName() const { return text(kSettings, 1); }
+std::wstring AcDbPlotSettings::getPlotSettingsName() const
+{
+    return text(kSettings, 1);
+}
 
-std::wstring AcDbPlotSettings::getPlotCfgName() const { return text(kSettings, 2); }
+std::wstring AcDbPlotSettings::getPlotCfgName() const
+{
+    return text(kSettings, 2);
+}
 
-bool AcDbPlotSettings::modelType() const { return flag(kSettings, 70, kModelTypeBit); }
+bool AcDbPlotSettings::modelType() const
+{
+    return flag(kSettings, 70, kModelTypeBit);
+}
 
-std::wstring AcDbLayout::getLayoutName() const { return text(kLayout, 1); }
+std::wstring AcDbLayout::getLayoutName() const
+{
+    return text(kLayout, 1);
+}
 
 AcDbObjectId AcDbLayout::getBlockTableRecordId() const
 {
@@ -41,7 +53,10 @@ AcDbObjectId AcDbLayout::getBlockTableRecordId() const
     return block;
 }
 
-int AcDbLayout::getTabOrder() const { return integer(kLayout, 71, 0); }
+int AcDbLayout::getTabOrder() const
+{
+    return integer(kLayout, 71, 0);
+}
 
 bool AcDbLayout::getTabSelected() const
 {

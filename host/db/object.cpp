@@ -22,10 +22,15 @@ namespace {
 
 constexpr std::size_t npos = TagList::npos;
 
-// Where bracketed groups begin: right behind the handle.
+// Where bracketed groups begin: right behind the handle, if that stands in the head.
 std::size_t behindHandle(const RecordHead& head)
 {
-    return head.handle == npos ? 1 : head.handle + 1;
+    return head.handle < head.end ? head.handle + 1 : 1;
+}
+
+int handleCode(const TagList& tags)
+{
+    return tags[0].bytes() == "DIMSTYLE" ? 105 : 5;
 }
 
 void writeGroup(TagList& tags, std::size_t at, std::wstring_view name, int code,
@@ -40,11 +45,17 @@ void writeGroup(TagList& tags, std::size_t at, std::wstring_view name, int code,
 
 AcDbObject::AcDbObject() = default;
 
+template <class Call> void AcDbObject::tellReactors(Call call) const
+{
+    const std::vector<AcDbObjectReactor*> now = reactors_;
+    for (AcDbObjectReactor* reactor : now)
+        if (std::find(reactors_.begin(), reactors_.end(), reactor) != reactors_.end())
+            call(*reactor);
+}
+
 AcDbObject::~AcDbObject()
 {
-    const std::vector<AcDbObjectReactor*> reactors = reactors_;
-    for (AcDbObjectReactor* reactor : reactors)
-        reactor->goodbye(this);
+    tellReactors([&](AcDbObjectReactor& reactor) { reactor.goodbye(this); });
 }
 
 AcDbObjectId AcDbObject::objectId() const
@@ -116,28 +127,32 @@ TagList& AcDbObject::tagsForWrite()
             database.tellReactors([&](AcDbDatabaseReactor& reactor) {
                 reactor.objectOpenedForModify(&database, this);
             });
-            const std::vector<AcDbObjectReactor*> reactors = reactors_;
-            for (AcDbObjectReactor* reactor : reactors)
-                reactor->openedForModify(this);
+            tellReactors([&](AcDbObjectReactor& reactor) { reactor.openedForModify(this); });
         }
         changing_ = true;
         drawing_->noteChanged(stub_);
         stub.flags |= host::kChanged;
         tags_ = std::make_shared<TagList>(*tags_);
-        if ((stub.flags & host::kMadeHandle) != 0) {
-            // the record is written anew, so it takes the handle that it was given at opening
-            TagList& own = const_cast<TagList&>(*tags_);
-            const RecordHead head = host::recordHead(own);
-            if (head.handle != npos)
-                own.setHandle(head.handle, stub.handle);
-            else
-                own.insertHandle(1, own[0].bytes() == "DIMSTYLE" ? 105 : 5, stub.handle);
-            stub.flags &= static_cast<std::uint16_t>(~host::kMadeHandle);
-        }
     } else if (tags_.use_count() > 1) {
         tags_ = std::make_shared<TagList>(*tags_);
     }
     return const_cast<TagList&>(*tags_); // made by make_shared<TagList> above or in tags()
+}
+
+// A record that is written anew takes the handle that it was given at opening. Done when the
+// changes are complete: positions in the tags hold while they are made.
+void AcDbObject::takeGivenHandle()
+{
+    Stub& stub = drawing_->index[stub_];
+    if (!changing_ || (stub.flags & host::kMadeHandle) == 0)
+        return;
+    TagList& own = tagsForWrite();
+    const RecordHead head = host::recordHead(own);
+    if (head.handle != npos)
+        own.setHandle(head.handle, stub.handle);
+    else
+        own.insertHandle(1, handleCode(own), stub.handle);
+    stub.flags &= static_cast<std::uint16_t>(~host::kMadeHandle);
 }
 
 std::string AcDbObject::recordName() const
@@ -261,9 +276,17 @@ void AcDbObject::tellModified()
     if (!fresh_)
         database.tellReactors(
             [&](AcDbDatabaseReactor& reactor) { reactor.objectModified(&database, this); });
-    const std::vector<AcDbObjectReactor*> reactors = reactors_;
-    for (AcDbObjectReactor* reactor : reactors)
-        reactor->modified(this);
+    tellReactors([&](AcDbObjectReactor& reactor) { reactor.modified(this); });
+}
+
+void AcDbObject::endWriting()
+{
+    if (changing_ || fresh_) {
+        takeGivenHandle();
+        drawing_->refreshStub(stub_, tags());
+        tellModified();
+    }
+    writer_ = changing_ = fresh_ = false;
 }
 
 Acad::ErrorStatus AcDbObject::close()
@@ -272,22 +295,15 @@ Acad::ErrorStatus AcDbObject::close()
         return Acad::eNotInDatabase;
     if (!writer_ && readers_ == 0)
         return Acad::eInvalidOpenState;
-    if (writer_) {
-        if (changing_ || fresh_) {
-            drawing_->refreshStub(stub_, tags());
-            tellModified();
-        }
-        writer_ = changing_ = fresh_ = false;
-    } else {
+    if (writer_)
+        endWriting();
+    else
         --readers_;
-    }
     std::vector<std::uint32_t>& open = drawing_->openObjects;
     const auto entry = std::find(open.rbegin(), open.rend(), stub_);
     if (entry != open.rend())
         open.erase(std::next(entry).base());
-    const std::vector<AcDbObjectReactor*> reactors = reactors_;
-    for (AcDbObjectReactor* reactor : reactors)
-        reactor->objectClosed(this);
+    tellReactors([&](AcDbObjectReactor& reactor) { reactor.objectClosed(this); });
     if (!writer_ && readers_ == 0)
         drawing_->closed(*this);
     return Acad::eOk;
@@ -314,11 +330,7 @@ Acad::ErrorStatus AcDbObject::downgradeOpen()
         return Acad::eNotInDatabase;
     if (!writer_)
         return Acad::eNotOpenForWrite;
-    if (changing_ || fresh_) {
-        drawing_->refreshStub(stub_, tags());
-        tellModified();
-    }
-    writer_ = changing_ = fresh_ = false;
+    endWriting();
     readers_ = 1;
     return Acad::eOk;
 }
@@ -334,14 +346,14 @@ Acad::ErrorStatus AcDbObject::addToDatabase(Drawing& drawing, AcDbObjectId owner
     const std::uint32_t number = drawing.addStub(drawing.index.types().number(own[0].bytes()),
                                                  owner.stubNumber(), stubFlags);
     Stub& stub = drawing.index[number];
-    own.insertHandle(1, own[0].bytes() == "DIMSTYLE" ? 105 : 5, stub.handle);
+    own.insertHandle(1, handleCode(own), stub.handle);
     const bool record = (stubFlags & (host::kEntity | host::kChild)) != 0;
     if (record && drawing.version <= host::DxfVersion::r12) {
         for (std::size_t i = own.size(); i-- > 0;)
             if (own[i].code == 100)
                 own.erase(i, i + 1);
     } else if (!owner.isNull()) {
-        own.insertHandle(2, 330, owner.handle().value());
+        own.insertHandle(host::recordHead(own).end, 330, owner.handle().value());
     }
     tags_ = std::make_shared<const TagList>(std::move(own));
     drawing_ = &drawing;
@@ -403,9 +415,7 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
     AcDbDatabase& database = drawing_->database;
     database.tellReactors(
         [&](AcDbDatabaseReactor& reactor) { reactor.objectErased(&database, this, erasing); });
-    const std::vector<AcDbObjectReactor*> reactors = reactors_;
-    for (AcDbObjectReactor* reactor : reactors)
-        reactor->erased(this, erasing);
+    tellReactors([&](AcDbObjectReactor& reactor) { reactor.erased(this, erasing); });
     return Acad::eOk;
 }
 
@@ -535,21 +545,55 @@ Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId id)
 
 // ---- extended data, filing out, copying ----
 
+namespace {
+
+// The extended data of one application, its 1001 included; empty at the end where there is none.
+host::TagRange dataRange(const TagList& tags, std::wstring_view application)
+{
+    for (std::size_t first = host::dataEnd(tags); first < tags.size();) {
+        std::size_t last = first + 1;
+        while (last < tags.size() && tags[last].code != 1001)
+            ++last;
+        if (host::equalNoCase(tags.text(first), application))
+            return {first, last};
+        first = last;
+    }
+    return {tags.size(), tags.size()};
+}
+
+// Equal codes and values, however the file writes them.
+bool sameValues(const TagList& tags, host::TagRange range, const TagList& others)
+{
+    if (range.last - range.first != others.size())
+        return false;
+    for (std::size_t i = 0; i < others.size(); ++i) {
+        const std::size_t own = range.first + i;
+        if (tags[own].code != others[i].code)
+            return false;
+        if (tags[own].bytes() == others[i].bytes())
+            continue;
+        const host::TagKind kind = host::tagKind(others[i].code);
+        const bool same =
+            kind == host::TagKind::real   ? tags.real(own) == others.real(i)
+            : kind == host::TagKind::text ? tags.text(own) == others.text(i)
+            : kind == host::TagKind::handle
+                ? tags.handle(own) == others.handle(i)
+                : kind != host::TagKind::binary && tags.integer(own) == others.integer(i);
+        if (!same)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
 ResbufChain AcDbObject::xData(std::wstring_view application) const
 {
     const TagList& own = tags();
-    std::size_t first = host::dataEnd(own);
-    if (application.empty())
-        return host::itemsOf(own, first, own.size());
-    while (first < own.size()) {
-        std::size_t last = first + 1;
-        while (last < own.size() && own[last].code != 1001)
-            ++last;
-        if (host::equalNoCase(own.text(first), application))
-            return host::itemsOf(own, first, last);
-        first = last;
-    }
-    return {};
+    const host::TagRange range = application.empty()
+                                     ? host::TagRange{host::dataEnd(own), own.size()}
+                                     : dataRange(own, application);
+    return host::itemsOf(own, range.first, range.last);
 }
 
 Acad::ErrorStatus AcDbObject::setXData(const ResbufChain& data)
@@ -558,20 +602,22 @@ Acad::ErrorStatus AcDbObject::setXData(const ResbufChain& data)
         return Acad::eNotOpenForWrite;
     if (data.empty() || data.front().restype != 1001)
         return Acad::eInvalidInput;
-    TagList& own = tagsForWrite();
-    for (std::size_t first = host::dataEnd(own); first < own.size();) {
-        std::size_t last = first + 1;
-        while (last < own.size() && own[last].code != 1001)
-            ++last;
-        if (host::equalNoCase(own.text(first), data.front().resval.rstring)) {
-            own.erase(first, last);
-            break;
-        }
-        first = last;
-    }
+    TagList items(tags().source());
     if (data.size() > 1)
         for (const resbuf& item : data)
-            host::appendItem(own, item);
+            host::appendItem(items, item);
+    const host::TagRange now = dataRange(tags(), data.front().resval.rstring);
+    if (sameValues(tags(), now, items))
+        return Acad::eOk;
+    TagList& own = tagsForWrite();
+    TagList written(own.source());
+    for (std::size_t i = 0; i < now.first; ++i)
+        written.addTag(own[i]);
+    for (const host::Tag& tag : items)
+        written.addTag(tag);
+    for (std::size_t i = now.last; i < own.size(); ++i)
+        written.addTag(own[i]);
+    own = std::move(written);
     return Acad::eOk;
 }
 
@@ -619,9 +665,40 @@ void fileOut(AcDbDxfFiler& filer, const TagList& tags, std::size_t& i)
     }
 }
 
-void fileMarker(AcDbDxfFiler& filer, std::string_view marker)
+// A record of R12 has no markers. With them the handle comes first, then the common codes, then
+// what is the class's own.
+TagList withMarkers(const TagList& tags, std::span<const std::string_view> markers)
 {
-    filer.writeString(100, std::wstring(marker.begin(), marker.end()));
+    if (markers.empty() || host::hasMarkers(tags))
+        return tags;
+    const std::span<const short> common = host::kEntityPart.order;
+    const bool entity = markers.front() == host::kEntityPart.marker;
+    const std::size_t dataEnd = host::dataEnd(tags);
+    const RecordHead head = host::recordHead(tags);
+    const bool late = head.handle != npos && head.handle >= head.end;
+    const auto isCommon = [&](std::size_t i) {
+        return entity && i < dataEnd &&
+               std::find(common.begin(), common.end(), tags[i].code) != common.end();
+    };
+    TagList marked(tags.source());
+    const auto addMarker = [&](std::string_view marker) {
+        marked.insertBytes(marked.size(), 100, marker);
+    };
+    marked.addTag(tags[0]);
+    if (late)
+        marked.addTag(tags[head.handle]);
+    for (std::size_t i = 1; i < head.end; ++i)
+        marked.addTag(tags[i]);
+    addMarker(markers.front());
+    for (std::size_t i = head.end; i < tags.size(); ++i)
+        if (isCommon(i))
+            marked.addTag(tags[i]);
+    for (const std::string_view marker : markers.subspan(1))
+        addMarker(marker);
+    for (std::size_t i = head.end; i < tags.size(); ++i)
+        if (!isCommon(i) && !(late && i == head.handle))
+            marked.addTag(tags[i]);
+    return marked;
 }
 
 } // namespace
@@ -630,31 +707,9 @@ Acad::ErrorStatus AcDbObject::dxfOutFields(AcDbDxfFiler* filer) const
 {
     if (!filer)
         return Acad::eNullObjectPointer;
-    const TagList& own = tags();
-    const std::span<const std::string_view> known = markers();
-    if (host::hasMarkers(own) || known.empty()) {
-        for (std::size_t i = 0; i < own.size(); ++i)
-            fileOut(*filer, own, i);
-        return Acad::eOk;
-    }
-    // A record of R12 has no markers: the common codes first, then what is the class's own.
-    const std::span<const short> common = host::kEntityPart.order;
-    const bool entity = known.front() == host::kEntityPart.marker;
-    const auto isCommon = [&](std::size_t i) {
-        return entity && std::find(common.begin(), common.end(), own[i].code) != common.end();
-    };
-    const std::size_t head = host::recordHead(own).end;
-    for (std::size_t i = 0; i < head; ++i)
+    const TagList own = withMarkers(tags(), markers());
+    for (std::size_t i = 0; i < own.size(); ++i)
         fileOut(*filer, own, i);
-    fileMarker(*filer, known.front());
-    for (std::size_t i = head; i < own.size(); ++i)
-        if (isCommon(i))
-            fileOut(*filer, own, i);
-    for (const std::string_view marker : known.subspan(1))
-        fileMarker(*filer, marker);
-    for (std::size_t i = head; i < own.size(); ++i)
-        if (!isCommon(i))
-            fileOut(*filer, own, i);
     return Acad::eOk;
 }
 
@@ -666,11 +721,8 @@ std::unique_ptr<AcDbObject> AcDbObject::clone() const
         return nullptr;
     made.release();
     std::unique_ptr<AcDbObject> result(copy);
-    TagList own = tags().inSource(host::drawingFormat().scratchSource());
-    const RecordHead head = host::recordHead(own);
-    if (head.handle != npos && head.handle >= head.end)
-        own.erase(head.handle, head.handle + 1);
-    own.erase(1, head.end); // handle, groups and owner are the original's
+    TagList own = withMarkers(tags().inSource(host::drawingFormat().scratchSource()), markers());
+    own.erase(1, host::recordHead(own).end); // handle, groups and owner are the original's
     result->tags_ = std::make_shared<const TagList>(std::move(own));
     return result;
 }

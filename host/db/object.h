@@ -145,22 +145,25 @@ private:
     friend class AcDbDatabase;
     friend Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*&, AcDbObjectId, AcDb::OpenMode, bool);
 
+    template <class Call> void tellReactors(Call call) const; // walks a copy of the list
     void tellModified();
+    void endWriting();      // what closing and downgrading share
+    void takeGivenHandle(); // into the tags, where the file has none or one that was taken
     AcDbObjectId ownExtensionDictionary() const; // erased or not
 
     host::Drawing* drawing_ = nullptr;
     std::uint32_t stub_ = 0;
     std::int32_t readers_ = 0;
     bool writer_ = false;
-    bool changing_ = false; // changed since it was opened for write
-    bool fresh_ = false;    // just added to the database, not yet closed
-    bool queued_ = false;   // waits among the decoded objects
+    bool changing_ = false;       // changed since it was opened for write
+    bool fresh_ = false;          // just added to the database, not yet closed
+    std::size_t queuedBytes_ = 0; // counted while it waits among the decoded objects
     mutable std::shared_ptr<const host::TagList> tags_; // null until asked for
     std::vector<AcDbObjectReactor*> reactors_;
 };
 
-// Opens an object. eNullObjectId, eUnknownHandle (closed database), eWasErased, eWasOpenForRead,
-// eWasOpenForWrite, eOnLockedLayer.
+// Opens an object. eNullObjectId, eNoDatabase (it was closed), eUnknownHandle, eWasErased,
+// ePermanentlyErased (its creation was undone), eWasOpenForRead, eWasOpenForWrite, eOnLockedLayer.
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErased = false);
 

@@ -14,7 +14,7 @@ DeclaredClass readClass(const TagList& tags)
         const std::size_t at = tags.find(code, 1);
         return at == TagList::npos ? std::wstring() : tags.text(at);
     };
-    return { text(1), text(2), text(3) };
+    return {text(1), text(2), text(3)};
 }
 
 // Calls `visit` with the tags of each CLASS until it answers true.

@@ -10,15 +10,15 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbPlaceHolder, AcDbObject, "ACDBPLACEHOLDER")
 
 namespace {
 
-constexpr host::Subclass kMlineStyle { "AcDbMlineStyle" };
-constexpr host::Subclass kMLeaderStyle { "AcDbMLeaderStyle" };
-constexpr host::Subclass kGroup { "AcDbGroup" };
+constexpr host::Subclass kMlineStyle{"AcDbMlineStyle"};
+constexpr host::Subclass kMLeaderStyle{"AcDbMLeaderStyle"};
+constexpr host::Subclass kGroup{"AcDbGroup"};
 constexpr int kMember = 340;
 
 std::wstring keyOf(const AcDbObject& object)
 {
-    return object.drawing() ? host::dictionaryKey(*object.drawing(),
-                                  object.ownerId().stubNumber(), object.stubNumber())
+    return object.drawing() ? host::dictionaryKey(*object.drawing(), object.ownerId().stubNumber(),
+                                                  object.stubNumber())
                             : std::wstring();
 }
 
@@ -26,37 +26,61 @@ std::wstring keyOf(const AcDbObject& object)
 
 std::span<const std::string_view> AcDbMlineStyle::markers() const
 {
-    static constexpr std::string_view own[] = { kMlineStyle.marker };
+    static constexpr std::string_view own[] = {kMlineStyle.marker};
     return own;
 }
 
-std::wstring AcDbMlineStyle::name() const { return text(kMlineStyle, 2); }
+std::wstring AcDbMlineStyle::name() const
+{
+    return text(kMlineStyle, 2);
+}
 
-std::wstring AcDbMlineStyle::description() const { return text(kMlineStyle, 3); }
+std::wstring AcDbMlineStyle::description() const
+{
+    return text(kMlineStyle, 3);
+}
 
 std::span<const std::string_view> AcDbMLeaderStyle::markers() const
 {
-    static constexpr std::string_view own[] = { kMLeaderStyle.marker };
+    static constexpr std::string_view own[] = {kMLeaderStyle.marker};
     return own;
 }
 
-std::wstring AcDbMLeaderStyle::name() const { return keyOf(*this); }
+std::wstring AcDbMLeaderStyle::name() const
+{
+    return keyOf(*this);
+}
 
-std::wstring AcDbMLeaderStyle::description() const { return text(kMLeaderStyle, 3); }
+std::wstring AcDbMLeaderStyle::description() const
+{
+    return text(kMLeaderStyle, 3);
+}
 
 std::span<const std::string_view> AcDbGroup::markers() const
 {
-    static constexpr std::string_view own[] = { kGroup.marker };
+    static constexpr std::string_view own[] = {kGroup.marker};
     return own;
 }
 
-std::wstring AcDbGroup::name() const { return keyOf(*this); }
+std::wstring AcDbGroup::name() const
+{
+    return keyOf(*this);
+}
 
-std::wstring AcDbGroup::description() const { return text(kGroup, 300); }
+std::wstring AcDbGroup::description() const
+{
+    return text(kGroup, 300);
+}
 
-bool AcDbGroup::isAnonymous() const { return integer(kGroup, 70, 0) != 0; }
+bool AcDbGroup::isAnonymous() const
+{
+    return integer(kGroup, 70, 0) != 0;
+}
 
-bool AcDbGroup::isSelectable() const { return integer(kGroup, 71, 0) != 0; }
+bool AcDbGroup::isSelectable() const
+{
+    return integer(kGroup, 71, 0) != 0;
+}
 
 std::vector<AcDbObjectId> AcDbGroup::allEntityIds() const
 {

@@ -10,48 +10,57 @@ namespace host {
 
 namespace {
 
-constexpr short kLayerOrder[] = { 2, 70, 62, 420, 430, 6, 290, 370, 390, 347, 348 };
-constexpr short kLinetypeOrder[] = { 2, 70, 3, 72, 73, 40 };
-constexpr short kStyleOrder[] = { 2, 70, 40, 41, 50, 71, 42, 3, 4 };
-constexpr short kPlainOrder[] = { 2, 70 };
-constexpr short kBlockOrder[] = { 2, 340, 70, 280, 281 };
+constexpr short kLayerOrder[] = {2, 70, 62, 420, 430, 6, 290, 370, 390, 347, 348};
+constexpr short kLinetypeOrder[] = {2, 70, 3, 72, 73, 40};
+constexpr short kStyleOrder[] = {2, 70, 40, 41, 50, 71, 42, 3, 4};
+constexpr short kPlainOrder[] = {2, 70};
+constexpr short kBlockOrder[] = {2, 340, 70, 280, 281};
 
 constexpr FieldDefault kLayer[] = {
-    { 70, "0" }, { 62, "7" }, { 6, "Continuous" }, { 370, "-3", DxfVersion::r2000 },
+    {70, "0"},
+    {62, "7"},
+    {6, "Continuous"},
+    {370, "-3", DxfVersion::r2000},
 };
 constexpr FieldDefault kLinetype[] = {
-    { 70, "0" }, { 3, "" }, { 72, "65" }, { 73, "0" }, { 40, "0.0" },
+    {70, "0"}, {3, ""}, {72, "65"}, {73, "0"}, {40, "0.0"},
 };
 constexpr FieldDefault kStyle[] = {
-    { 70, "0" }, { 40, "0.0" }, { 41, "1.0" }, { 50, "0.0" }, { 71, "0" }, { 42, "2.5" }, { 3, "txt" }, { 4, "" },
+    {70, "0"}, {40, "0.0"}, {41, "1.0"}, {50, "0.0"}, {71, "0"}, {42, "2.5"}, {3, "txt"}, {4, ""},
 };
-constexpr FieldDefault kPlain[] = { { 70, "0" } };
+constexpr FieldDefault kPlain[] = {{70, "0"}};
 constexpr FieldDefault kBlock[] = {
-    { 340, "0" }, { 70, "0", DxfVersion::r2007 }, { 280, "1", DxfVersion::r2007 }, { 281, "0", DxfVersion::r2007 },
+    {340, "0"},
+    {70, "0", DxfVersion::r2007},
+    {280, "1", DxfVersion::r2007},
+    {281, "0", DxfVersion::r2007},
 };
 
 constexpr SymbolKind kKinds[] = {
-    { "VPORT", { "AcDbViewportTableRecord", kPlainOrder }, kPlain },
-    { "LTYPE", { "AcDbLinetypeTableRecord", kLinetypeOrder }, kLinetype },
-    { "LAYER", { "AcDbLayerTableRecord", kLayerOrder }, kLayer },
-    { "STYLE", { "AcDbTextStyleTableRecord", kStyleOrder }, kStyle },
-    { "VIEW", { "AcDbViewTableRecord", kPlainOrder }, kPlain },
-    { "UCS", { "AcDbUCSTableRecord", kPlainOrder }, kPlain },
-    { "APPID", { "AcDbRegAppTableRecord", kPlainOrder }, kPlain },
-    { "DIMSTYLE", { "AcDbDimStyleTableRecord", kPlainOrder }, kPlain },
-    { "BLOCK_RECORD", { "AcDbBlockTableRecord", kBlockOrder }, kBlock },
+    {"VPORT", {"AcDbViewportTableRecord", kPlainOrder}, kPlain},
+    {"LTYPE", {"AcDbLinetypeTableRecord", kLinetypeOrder}, kLinetype},
+    {"LAYER", {"AcDbLayerTableRecord", kLayerOrder}, kLayer},
+    {"STYLE", {"AcDbTextStyleTableRecord", kStyleOrder}, kStyle},
+    {"VIEW", {"AcDbViewTableRecord", kPlainOrder}, kPlain},
+    {"UCS", {"AcDbUCSTableRecord", kPlainOrder}, kPlain},
+    {"APPID", {"AcDbRegAppTableRecord", kPlainOrder}, kPlain},
+    {"DIMSTYLE", {"AcDbDimStyleTableRecord", kPlainOrder}, kPlain},
+    {"BLOCK_RECORD", {"AcDbBlockTableRecord", kBlockOrder}, kBlock},
 };
 
 constexpr int kNameCode = 2;
 
 } // namespace
 
-std::span<const SymbolKind> symbolKinds() { return kKinds; }
+std::span<const SymbolKind> symbolKinds()
+{
+    return kKinds;
+}
 
 const SymbolKind* symbolKind(std::string_view table)
 {
     const auto found = std::find_if(std::begin(kKinds), std::end(kKinds),
-        [&](const SymbolKind& kind) { return kind.table == table; });
+                                    [&](const SymbolKind& kind) { return kind.table == table; });
     return found == std::end(kKinds) ? nullptr : found;
 }
 
@@ -87,8 +96,8 @@ std::wstring symbolName(Drawing& drawing, std::string_view table, std::uint32_t 
 std::wstring spaceNameOf(std::wstring_view name)
 {
     constexpr std::pair<std::wstring_view, std::wstring_view> spaces[] = {
-        { L"$MODEL_SPACE", L"*Model_Space" },
-        { L"$PAPER_SPACE", L"*Paper_Space" },
+        {L"$MODEL_SPACE", L"*Model_Space"},
+        {L"$PAPER_SPACE", L"*Paper_Space"},
     };
     for (const auto& [old, now] : spaces)
         if (equalNoCase(name, old))
@@ -117,7 +126,7 @@ AcDbObjectId SymbolNames::find(Drawing& drawing, std::string_view table, std::ws
 {
     auto known = tables_.find(table);
     if (known == tables_.end())
-        known = tables_.emplace(table, Names {}).first;
+        known = tables_.emplace(table, Names{}).first;
     if (known->second.generation != drawing.symbolGeneration)
         read(drawing, table, known->second);
     const auto& stubs = known->second.stubs;
@@ -127,12 +136,12 @@ AcDbObjectId SymbolNames::find(Drawing& drawing, std::string_view table, std::ws
     return found == stubs.end() ? AcDbObjectId() : drawing.id(found->second);
 }
 
-void SymbolNames::added(
-    Drawing& drawing, std::string_view table, std::wstring_view name, std::uint32_t stub)
+void SymbolNames::added(Drawing& drawing, std::string_view table, std::wstring_view name,
+                        std::uint32_t stub)
 {
     const auto known = tables_.find(table);
-    const bool current = known != tables_.end()
-        && known->second.generation == drawing.symbolGeneration;
+    const bool current =
+        known != tables_.end() && known->second.generation == drawing.symbolGeneration;
     ++drawing.symbolGeneration;
     if (!current)
         return;

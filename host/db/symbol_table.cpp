@@ -33,7 +33,10 @@ std::wstring numberedName(host::Drawing& drawing, std::string_view table, std::w
     }
 }
 
-bool asksForNumber(std::wstring_view name) { return name.size() == 2 && name[0] == L'*'; }
+bool asksForNumber(std::wstring_view name)
+{
+    return name.size() == 2 && name[0] == L'*';
+}
 
 } // namespace
 
@@ -70,7 +73,10 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(std::wstring_view newName)
     return status;
 }
 
-bool AcDbSymbolTableRecord::isDependent() const { return flag(part(), kFlags, kDependentBit); }
+bool AcDbSymbolTableRecord::isDependent() const
+{
+    return flag(part(), kFlags, kDependentBit);
+}
 
 void AcDbSymbolTableRecord::complete(host::Drawing& drawing)
 {
@@ -89,7 +95,7 @@ void AcDbSymbolTableRecord::noteSymbolChange()
 
 std::span<const std::string_view> AcDbSymbolTable::markers() const
 {
-    static constexpr std::string_view own[] = { "AcDbSymbolTable" };
+    static constexpr std::string_view own[] = {"AcDbSymbolTable"};
     return own;
 }
 
@@ -98,8 +104,8 @@ std::string_view AcDbSymbolTable::tableName() const
     // the class's DXF name is that of its records' index type, "TABLE LAYER"
     constexpr std::size_t kPrefix = 6;
     const std::wstring_view type = isA()->dxfName();
-    const host::SymbolKind* const kind
-        = host::symbolKind(std::string(type.begin() + kPrefix, type.end()));
+    const host::SymbolKind* const kind =
+        host::symbolKind(std::string(type.begin() + kPrefix, type.end()));
     return kind ? kind->table : std::string_view();
 }
 

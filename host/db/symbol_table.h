@@ -13,7 +13,7 @@ class AcDbSymbolTableRecord : public AcDbObject {
     ACRX_DECLARE_MEMBERS(AcDbSymbolTableRecord)
 public:
     Acad::ErrorStatus getName(std::wstring& name) const;
-    std::wstring name() const;                         // empty where the file gives none
+    std::wstring name() const; // empty where the file gives none
     // eDuplicateKey, eInvalidKey. What refers to the record by its name is not touched.
     virtual Acad::ErrorStatus setName(std::wstring_view name);
     virtual bool isDependent() const; // of an external reference

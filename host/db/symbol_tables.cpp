@@ -15,7 +15,7 @@
     }                                                                                              \
     std::span<const std::string_view> RECORD::markers() const                                      \
     {                                                                                              \
-        static const std::string_view own[] = { "AcDbSymbolTableRecord", part().marker };          \
+        static const std::string_view own[] = {"AcDbSymbolTableRecord", part().marker};            \
         return own;                                                                                \
     }
 
@@ -47,13 +47,25 @@ constexpr double kRadiansOfDegree = 3.14159265358979323846 / 180.0;
 
 // ---- layers ----
 
-bool AcDbLayerTableRecord::isFrozen() const { return flag(part(), kFlags, kFrozenBit); }
+bool AcDbLayerTableRecord::isFrozen() const
+{
+    return flag(part(), kFlags, kFrozenBit);
+}
 
-bool AcDbLayerTableRecord::isLocked() const { return flag(part(), kFlags, kLockedBit); }
+bool AcDbLayerTableRecord::isLocked() const
+{
+    return flag(part(), kFlags, kLockedBit);
+}
 
-bool AcDbLayerTableRecord::isOff() const { return integer(part(), kColor, kWhite) < 0; }
+bool AcDbLayerTableRecord::isOff() const
+{
+    return integer(part(), kColor, kWhite) < 0;
+}
 
-bool AcDbLayerTableRecord::isHidden() const { return false; }
+bool AcDbLayerTableRecord::isHidden() const
+{
+    return false;
+}
 
 Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool on)
 {
@@ -83,7 +95,7 @@ AcCmColor AcDbLayerTableRecord::color() const
     const int index = std::abs(integer(part(), kColor, kWhite));
     if (const int rgb = integer(part(), kTrueColor, -1); rgb >= 0) {
         color.setRGB(static_cast<std::uint8_t>(rgb >> 16), static_cast<std::uint8_t>(rgb >> 8),
-            static_cast<std::uint8_t>(rgb));
+                     static_cast<std::uint8_t>(rgb));
         color.setStoredIndex(static_cast<std::uint16_t>(index));
     } else {
         color.setColorIndex(static_cast<std::uint16_t>(index));
@@ -104,7 +116,8 @@ Acad::ErrorStatus AcDbLayerTableRecord::setColor(const AcCmColor& color)
     removeFieldOf(part(), kColorName);
     if (!color.isByColor())
         return removeFieldOf(part(), kTrueColor);
-    return setInteger(part(), kTrueColor, color.red() << 16 | color.green() << 8 | color.blue(), -1);
+    return setInteger(part(), kTrueColor, color.red() << 16 | color.green() << 8 | color.blue(),
+                      -1);
 }
 
 AcDbObjectId AcDbLayerTableRecord::linetypeObjectId() const
@@ -137,21 +150,39 @@ Acad::ErrorStatus AcDbLayerTableRecord::setLineWeight(int weight)
     return setInteger(part(), kLineWeight, weight, kDefaultLineWeight);
 }
 
-bool AcDbLayerTableRecord::isPlottable() const { return integer(part(), 290, 1) != 0; }
+bool AcDbLayerTableRecord::isPlottable() const
+{
+    return integer(part(), 290, 1) != 0;
+}
 
 // ---- linetypes, text styles ----
 
-std::wstring AcDbLinetypeTableRecord::comments() const { return text(part(), 3); }
+std::wstring AcDbLinetypeTableRecord::comments() const
+{
+    return text(part(), 3);
+}
 
-double AcDbTextStyleTableRecord::textSize() const { return real(part(), 40, 0.0); }
+double AcDbTextStyleTableRecord::textSize() const
+{
+    return real(part(), 40, 0.0);
+}
 
-double AcDbTextStyleTableRecord::xScale() const { return real(part(), 41, 1.0); }
+double AcDbTextStyleTableRecord::xScale() const
+{
+    return real(part(), 41, 1.0);
+}
 
 double AcDbTextStyleTableRecord::obliquingAngle() const
 {
     return real(part(), 50, 0.0) * kRadiansOfDegree; // degrees in the file
 }
 
-std::wstring AcDbTextStyleTableRecord::fileName() const { return text(part(), 3); }
+std::wstring AcDbTextStyleTableRecord::fileName() const
+{
+    return text(part(), 3);
+}
 
-bool AcDbTextStyleTableRecord::isShapeFile() const { return flag(part(), kFlags, kShapeFileBit); }
+bool AcDbTextStyleTableRecord::isShapeFile() const
+{
+    return flag(part(), kFlags, kShapeFileBit);
+}

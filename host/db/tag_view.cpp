@@ -56,8 +56,9 @@ template <class Visit> void eachRange(const TagList& tags, const Subclass& part,
 RecordHead recordHead(const TagList& tags)
 {
     RecordHead head;
-    head.end = tags.size();
-    std::size_t i = 1;
+    // a 5 in a dimension style names an arrow block
+    const int handleCode = !tags.empty() && tags[0].bytes() == "DIMSTYLE" ? 105 : 5;
+    std::size_t i = std::min<std::size_t>(1, tags.size());
     for (; i < tags.size(); ++i) {
         const Tag& tag = tags[i];
         if (opensBracket(tag)) {
@@ -72,7 +73,7 @@ RecordHead recordHead(const TagList& tags)
             else if (tag.bytes() == "{ACAD_REACTORS" && head.reactors.empty())
                 head.reactors = range;
             i = close;
-        } else if ((tag.code == 5 || tag.code == 105) && head.handle == npos) {
+        } else if (tag.code == handleCode && head.handle == npos) {
             head.handle = i;
         } else if (tag.code == 330 && head.owner == npos) {
             head.owner = i;
@@ -83,9 +84,7 @@ RecordHead recordHead(const TagList& tags)
     head.end = i;
     if (head.handle == npos && !hasMarkers(tags)) {
         // some programs of R12's time write the layer before the handle
-        const std::size_t late = tags.find(5, i, dataEnd(tags));
-        if (late != npos && tags[0].bytes() != "DIMSTYLE")
-            head.handle = late;
+        head.handle = tags.find(handleCode, i, dataEnd(tags));
     }
     return head;
 }
@@ -110,7 +109,7 @@ std::optional<TagRange> subclassRange(const TagList& tags, std::string_view mark
             return std::nullopt;
         const std::size_t any = tags.find(100);
         if (any == npos)
-            return TagRange{1, dataEnd(tags)};
+            return TagRange{recordHead(tags).end, dataEnd(tags)};
         // a record with the common marker alone holds everything there
         if (tags[any].bytes() != "AcDbEntity" || tags.find(100, any + 1) != npos)
             return std::nullopt;
@@ -146,7 +145,13 @@ std::size_t placeOfField(const TagList& tags, const Subclass& part, int code)
             if (tags[i - 1].code == *before)
                 return behindPoint(tags, i - 1, range->last);
     }
-    return hasMarkers(tags) ? range->first : recordHead(tags).end;
+    if (hasMarkers(tags))
+        return range->first;
+    // all classes share one part here: what follows keeps the common codes in front
+    for (auto after = own; after != part.order.end(); ++after)
+        if (const std::size_t at = tags.find(*after, range->first, range->last); at != npos)
+            return at;
+    return range->first;
 }
 
 double realField(const TagList& tags, const Subclass& part, int code, double fallback)

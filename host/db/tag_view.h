@@ -46,7 +46,7 @@ std::optional<TagRange> subclassRange(const TagList& tags, std::string_view mark
 std::size_t findField(const TagList& tags, const Subclass& part, int code);
 
 // Where a new tag of this code belongs: behind its nearest predecessor in the order, else at the
-// start of the part.
+// start of the part; in a record without markers before its nearest successor.
 std::size_t placeOfField(const TagList& tags, const Subclass& part, int code);
 
 // Fields as values. Points are the code, code + 10 and, where present, code + 20.

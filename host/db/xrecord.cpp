@@ -33,11 +33,12 @@ struct PointCodes {
     int first;
     int last;
 };
-constexpr PointCodes kPointCodes[] = { { 10, 17 }, { 110, 112 }, { 210, 213 }, { 1010, 1013 } };
+constexpr PointCodes kPointCodes[] = {{10, 17}, {110, 112}, {210, 213}, {1010, 1013}};
 
 bool isPointCode(int code)
 {
-    return std::any_of(std::begin(kPointCodes), std::end(kPointCodes),
+    return std::any_of(
+        std::begin(kPointCodes), std::end(kPointCodes),
         [&](const PointCodes& range) { return code >= range.first && code <= range.last; });
 }
 
@@ -72,10 +73,10 @@ std::optional<std::uint64_t> fromHexadecimal(std::wstring_view text)
         return std::nullopt;
     std::uint64_t value = 0;
     for (const wchar_t c : text) {
-        const int digit = c >= L'0' && c <= L'9' ? c - L'0'
-            : c >= L'A' && c <= L'F'             ? c - L'A' + 10
-            : c >= L'a' && c <= L'f'             ? c - L'a' + 10
-                                                 : -1;
+        const int digit = c >= L'0' && c <= L'9'   ? c - L'0'
+                          : c >= L'A' && c <= L'F' ? c - L'A' + 10
+                          : c >= L'a' && c <= L'f' ? c - L'a' + 10
+                                                   : -1;
         if (digit < 0)
             return std::nullopt;
         value = value << 4 | static_cast<std::uint64_t>(digit);
@@ -161,7 +162,7 @@ bool isWritable(const resbuf& item)
     case TagKind::real:
         if (isPointCode(code))
             return std::all_of(item.resval.rpoint.begin(), item.resval.rpoint.end(),
-                [](double part) { return std::isfinite(part); });
+                               [](double part) { return std::isfinite(part); });
         return std::isfinite(item.resval.rreal);
     case TagKind::boolean:
         return item.resval.rint == 0 || item.resval.rint == 1;
@@ -230,7 +231,7 @@ std::vector<StoredItem> storedItems(const TagList& tags, std::size_t from)
             continue;
         }
         const std::size_t end = behindItem(tags, i, tags.size());
-        items.push_back({ itemAt(tags, i, end), first, i, end });
+        items.push_back({itemAt(tags, i, end), first, i, end});
         first = i = end;
     }
     return items;
@@ -242,9 +243,7 @@ std::vector<StoredItem> storedItems(const TagList& tags, std::size_t from)
 class PayloadWriter {
 public:
     PayloadWriter(const TagList& from, std::size_t payload)
-        : from_(from)
-        , to_(from.source())
-        , stored_(storedItems(from, payload))
+        : from_(from), to_(from.source()), stored_(storedItems(from, payload))
     {
         for (std::size_t i = 0; i < payload; ++i)
             to_.addTag(from[i]);
@@ -254,8 +253,8 @@ public:
     {
         std::size_t tail = 0; // equal items at the end
         const std::size_t most = std::min(chain.size(), stored_.size());
-        while (tail < most
-            && sameItem(chain[chain.size() - 1 - tail], stored_[stored_.size() - 1 - tail].item))
+        while (tail < most &&
+               sameItem(chain[chain.size() - 1 - tail], stored_[stored_.size() - 1 - tail].item))
             ++tail;
         const std::size_t oldEnd = stored_.size() - tail;
         const std::size_t newEnd = chain.size() - tail;
@@ -367,7 +366,7 @@ void appendItem(TagList& tags, const resbuf& item)
 
 std::span<const std::string_view> AcDbXrecord::markers() const
 {
-    static constexpr std::string_view own[] = { kMarker };
+    static constexpr std::string_view own[] = {kMarker};
     return own;
 }
 
@@ -380,11 +379,14 @@ std::size_t AcDbXrecord::behindMarker() const
 bool AcDbXrecord::hasCloningFlag() const
 {
     const std::size_t at = behindMarker();
-    return knowsCloningFlag(tags().form().version()) && at < tags().size()
-        && tags()[at].code == kCloning;
+    return knowsCloningFlag(tags().form().version()) && at < tags().size() &&
+           tags()[at].code == kCloning;
 }
 
-std::size_t AcDbXrecord::payload() const { return behindMarker() + (hasCloningFlag() ? 1 : 0); }
+std::size_t AcDbXrecord::payload() const
+{
+    return behindMarker() + (hasCloningFlag() ? 1 : 0);
+}
 
 Acad::ErrorStatus AcDbXrecord::rbChain(ResbufChain& chain) const
 {
@@ -404,7 +406,8 @@ Acad::ErrorStatus AcDbXrecord::setFromRbChain(const ResbufChain& chain)
         writeCloningFlag();
 
     const std::vector<StoredItem> stored = storedItems(tags(), payload());
-    const bool same = std::equal(stored.begin(), stored.end(), chain.begin(), chain.end(),
+    const bool same = std::equal(
+        stored.begin(), stored.end(), chain.begin(), chain.end(),
         [](const StoredItem& old, const resbuf& item) { return sameItem(old.item, item); });
     if (same)
         return Acad::eOk;

@@ -23,9 +23,9 @@ public:
     std::string recordName() const override { return "XRECORD"; }
     std::span<const std::string_view> markers() const override;
 
-    // Gives the record the cloning flag, or takes it away, as its drawing's version demands. Whoever
-    // adds an xrecord to a database calls it, with the version of the form that it came in: a new
-    // object's is the newest.
+    // Gives the record the cloning flag, or takes it away, as its drawing's version demands.
+    // Whoever adds an xrecord to a database calls it, with the version of the form that it came in:
+    // a new object's is the newest.
     void joinedDatabase(host::DxfVersion before = host::DxfVersion::r2018);
 
 private:

@@ -8,7 +8,10 @@ int acedCommand(const ResbufChain& tokens)
     return host::engineExists() ? host::engine().call(tokens) : RTERROR;
 }
 
-int acedCmd(const ResbufChain& tokens) { return acedCommand(tokens); }
+int acedCmd(const ResbufChain& tokens)
+{
+    return acedCommand(tokens);
+}
 
 int acedPostCommand(const wchar_t* text)
 {
@@ -20,7 +23,7 @@ int acedPostCommand(const wchar_t* text)
     }
     AcApDocManager& documents = *acDocManagerPtr();
     return documents.sendStringToExecute(documents.curDocument(), text) == Acad::eOk ? RTNORM
-                                                                                    : RTERROR;
+                                                                                     : RTERROR;
 }
 
 namespace host {

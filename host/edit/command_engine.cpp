@@ -4,6 +4,7 @@
 #include "host/edit/pick_first.h"
 #include "host/edit/system_variables.h"
 #include "host/text/case_mapping.h"
+#include "host/text/encoding.h"
 
 #include <algorithm>
 #include <cassert>
@@ -53,6 +54,18 @@ void closeOpenObjects()
         document->database()->drawing().closeAllOpen();
 }
 
+// What is being caught, as the end of a message.
+std::wstring caughtText()
+{
+    try {
+        throw;
+    } catch (const std::exception& error) {
+        return L": " + fromUtf8(error.what());
+    } catch (...) {
+        return {};
+    }
+}
+
 // What commands queued becomes readable.
 void releaseWaitingText()
 {
@@ -70,9 +83,15 @@ CommandEngine& engine()
     return *theEngine;
 }
 
-bool engineExists() { return theEngine != nullptr; }
+bool engineExists()
+{
+    return theEngine != nullptr;
+}
 
-void setEngine(CommandEngine* engine) { theEngine = engine; }
+void setEngine(CommandEngine* engine)
+{
+    theEngine = engine;
+}
 
 CommandEngine::CommandEngine(Transcript::Sink sink) : transcript_(std::move(sink))
 {
@@ -80,7 +99,10 @@ CommandEngine::CommandEngine(Transcript::Sink sink) : transcript_(std::move(sink
     waiting_.prompt = kCommandPrompt;
 }
 
-CommandEngine::~CommandEngine() { abandonCommands(); }
+CommandEngine::~CommandEngine()
+{
+    abandonCommands();
+}
 
 void CommandEngine::abandonCommands()
 {
@@ -120,6 +142,7 @@ const Waiting& CommandEngine::run()
             finishOuter();
         }
         if (quit_ || input_.exhausted(queue())) {
+            transcript_.freshLine();
             waiting_ = {};
             waiting_.kind = WaitKind::finished;
             return waiting_;
@@ -155,10 +178,10 @@ bool CommandEngine::readCommand()
         startTyped(typed);
         break;
     case TypedInput::Read::selection:
-        setPickFirst(std::move(typed.selection));
+        guardNotice([&] { setPickFirst(std::move(typed.selection)); });
         break;
     case TypedInput::Read::cancel:
-        cancelAtCommandPrompt(true);
+        cancelAtCommandPrompt();
         break;
     case TypedInput::Read::point:
     case TypedInput::Read::queuedCancel:
@@ -169,10 +192,10 @@ bool CommandEngine::readCommand()
     return true;
 }
 
-void CommandEngine::cancelAtCommandPrompt(bool byUser)
+void CommandEngine::cancelAtCommandPrompt()
 {
-    if (std::deque<QueuedText>* const waitingText = queue(); waitingText && byUser)
-        waitingText->clear();
+    if (std::deque<QueuedText>* const text = queue())
+        text->clear();
     transcript_.print(L"*Cancel*\n");
     promptShown_ = false;
 }
@@ -191,6 +214,7 @@ void CommandEngine::startTyped(const TypedAnswer& typed)
         name.remove_prefix(1);
     std::shared_ptr<const AcEdCommand> command = find(name);
     if (!command) {
+        unknownCommands_ += typed.fromQueue ? 0 : 1;
         nameUnknown(name);
         input_.dropLine(queue(), typed);
         return;
@@ -242,17 +266,24 @@ std::shared_ptr<const AcEdCommand> CommandEngine::find(std::wstring_view name) c
 
 void CommandEngine::nameUnknown(std::wstring_view name)
 {
-    ++unknownCommands_;
     const std::wstring upper = upperCased(name);
     transcript_.freshLine();
     transcript_.print(L"Unknown command \"" + upper + L"\".  Press F1 for help.\n");
-    if (AcEditor* const editor = acedEditorPtr()) {
-        try {
+    guardNotice([&] {
+        if (AcEditor* const editor = acedEditorPtr())
             editor->tellReactors(
                 [&](AcEditorReactor& reactor) { reactor.unknownCommand(upper.c_str()); });
-        } catch (const std::exception& error) {
-            transcript_.print(L"Error in a reactor of " + upper + L"\n");
-        }
+    });
+}
+
+// Outside of a command there is nobody to fail.
+void CommandEngine::guardNotice(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (...) {
+        transcript_.freshLine();
+        transcript_.print(L"Error in a reactor" + caughtText() + L"\n");
     }
 }
 
@@ -322,7 +353,9 @@ void CommandEngine::guard(Level& level, const std::function<void()>& call)
         level.lastCancelled = true;
     } catch (...) {
         level.failed = true;
-        reportFailure(level);
+        transcript_.freshLine();
+        transcript_.print(L"Error in the command " + level.command->globalName + caughtText() +
+                          L"\n");
     }
 }
 
@@ -334,21 +367,6 @@ void CommandEngine::tell(Level& level, void (AcEditorReactor::*notice)(const wch
                 (reactor.*notice)(level.command->globalName.c_str());
             });
     });
-}
-
-void CommandEngine::reportFailure(Level& level)
-{
-    std::wstring reason;
-    try {
-        throw;
-    } catch (const std::exception& error) {
-        reason = L": ";
-        for (const char* c = error.what(); *c; ++c)
-            reason += static_cast<unsigned char>(*c);
-    } catch (...) {
-    }
-    transcript_.freshLine();
-    transcript_.print(L"Error in the command " + level.command->globalName + reason + L"\n");
 }
 
 void CommandEngine::leaveInnerToDriver(Level& level)
@@ -416,8 +434,8 @@ int CommandEngine::call(const ResbufChain& tokens)
         }
         answers.pop_front();
         caller->inner = std::make_unique<Level>(Level::Kind::called, std::move(command));
-        caller->inner->fiber = std::make_unique<Fiber>(
-            [this, level = caller->inner.get()] { runLevel(*level); });
+        caller->inner->fiber =
+            std::make_unique<Fiber>([this, level = caller->inner.get()] { runLevel(*level); });
     }
     caller->inner->tokens = std::move(answers);
     return driveInner(*caller);
@@ -456,7 +474,10 @@ int CommandEngine::commandActivity() const
     return activity;
 }
 
-bool CommandEngine::insideCommand() const { return current_ && outer_ && !outer_->returned; }
+bool CommandEngine::insideCommand() const
+{
+    return current_ && outer_ && !outer_->returned;
+}
 
 void CommandEngine::postCancel()
 {
@@ -468,6 +489,9 @@ void CommandEngine::postCancel()
     (insideCommand() ? document->waiting : document->queue).push_back(std::move(cancel));
 }
 
-void CommandEngine::runScript(std::wstring_view text) { input_.insert(text); }
+void CommandEngine::runScript(std::wstring_view text)
+{
+    input_.insert(text);
+}
 
 } // namespace host

@@ -22,11 +22,11 @@ namespace host {
 //
 //     driver > run() > a typed command's fiber > (acedCommand) > an inner command's fiber > ...
 //
-// A fiber is always resumed by the one that started it, so whoever resumed a waiting one waits, too,
-// up to the driver. Order of one command: commandWillStart, the command itself, its inner commands
-// left over, the text it queued becomes readable, commandEnded (or commandCancelled, when its last
-// prompt was cancelled; or commandFailed, when an exception left it and its changes were taken
-// back), the undo group closes, the next prompt.
+// A fiber is always resumed by the one that started it, so whoever resumed a waiting one waits,
+// too, up to the driver. Order of one command: commandWillStart, the command itself, its inner
+// commands left over, the text it queued becomes readable, commandEnded (or commandCancelled, when
+// its last prompt was cancelled; or commandFailed, when an exception left it and its changes were
+// taken back), the undo group closes, the next prompt.
 class CommandEngine {
 public:
     explicit CommandEngine(Transcript::Sink sink);
@@ -50,7 +50,7 @@ public:
     void endStep();
     // At the end of the program: commands still running are cancelled, their prompts throw.
     void abandonCommands();
-    int unknownCommands() const { return unknownCommands_; } // typed or called so far
+    int unknownCommands() const { return unknownCommands_; } // typed so far
 
     // For commands and the functions they call.
     int ask(const Question& question, const AnswerTaker& take); // RTNORM, RTCAN, or RTERROR
@@ -84,7 +84,8 @@ private:
     void startTyped(const TypedAnswer& typed);
     void startOuter(std::shared_ptr<const AcEdCommand> command, bool cancelAtOnce);
     bool queueFeedsItself(bool queued);
-    void cancelAtCommandPrompt(bool byUser);
+    void cancelAtCommandPrompt();
+    void guardNotice(const std::function<void()>& call);
     void finishOuter();
 
     // Levels.
@@ -93,7 +94,6 @@ private:
     void leaveInnerToDriver(Level& level);
     void guard(Level& level, const std::function<void()>& call);
     void tell(Level& level, void (AcEditorReactor::*notice)(const wchar_t*));
-    void reportFailure(Level& level);
     int driveInner(Level& caller);
     void runTransparent(Level& outer, std::shared_ptr<const AcEdCommand> command);
 
@@ -113,8 +113,8 @@ private:
     Variables variables_;
     Waiting waiting_;
     std::unique_ptr<Level> outer_;
-    Level* current_ = nullptr;    // whose fiber runs
-    std::vector<Level*> levels_;  // running commands, outermost first
+    Level* current_ = nullptr;   // whose fiber runs
+    std::vector<Level*> levels_; // running commands, outermost first
     std::shared_ptr<const AcEdCommand> lastTyped_;
     bool promptShown_ = false;
     bool cancelAll_ = false;

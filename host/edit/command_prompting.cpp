@@ -19,9 +19,15 @@ namespace {
 constexpr int kCancelsInARow = 1000; // of a command that goes on asking though it was cancelled
 constexpr std::wstring_view kPause = L"\\";
 
-bool isPause(const resbuf& token) { return token.restype == RTSTR && token.resval.rstring == kPause; }
+bool isPause(const resbuf& token)
+{
+    return token.restype == RTSTR && token.resval.rstring == kPause;
+}
 
-std::wstring realText(double value) { return fromUtf8(shortestReal(value)); }
+std::wstring realText(double value)
+{
+    return fromUtf8(shortestReal(value));
+}
 
 Answer answerOf(const resbuf& token)
 {
@@ -66,6 +72,12 @@ Answer answerOf(const resbuf& token)
     return answer;
 }
 
+bool takesPoints(const Question& question)
+{
+    return question.kind == WaitKind::point || question.kind == WaitKind::entity ||
+           question.kind == WaitKind::selection;
+}
+
 // Elsewhere an apostrophe and a bracket are text.
 bool takesExpressions(const Question& question)
 {
@@ -88,7 +100,10 @@ std::wstring shownAnswer(const Answer& answer)
 
 } // namespace
 
-bool CommandEngine::echoesTokens() const { return integerVariable(L"CMDECHO", 1) != 0; }
+bool CommandEngine::echoesTokens() const
+{
+    return integerVariable(L"CMDECHO", 1) != 0;
+}
 
 void CommandEngine::printForPrompt(std::wstring_view text)
 {
@@ -160,7 +175,11 @@ bool CommandEngine::takeToken(Level& level, const Question& question, const Answ
         level.paused = true;
         return false;
     }
-    const Answer answer = answerOf(token);
+    Answer answer = answerOf(token);
+    if (answer.kind == Answer::Kind::point && !takesPoints(question)) {
+        answer.text = shownAnswer(answer);
+        answer.kind = Answer::Kind::text;
+    }
     if (echoesTokens()) {
         showPrompt(question);
         transcript_.echo(shownAnswer(answer));
@@ -215,8 +234,7 @@ int CommandEngine::ask(const Question& question, const AnswerTaker& take)
             cancelAll_ = true;
             continue;
         case TypedInput::Read::point:
-            if (question.kind != WaitKind::point && question.kind != WaitKind::entity &&
-                question.kind != WaitKind::selection)
+            if (!takesPoints(question))
                 continue;
             transcript_.echoedByTerminal();
             answer.kind = Answer::Kind::point;
@@ -259,13 +277,15 @@ bool CommandEngine::runTypedTransparent(Level& level, const Question& question,
         return false;
     const std::wstring name = typed.text.substr(1);
     std::shared_ptr<const AcEdCommand> command = find(name);
-    if (!command)
+    if (!command) {
+        unknownCommands_ += typed.fromQueue ? 0 : 1;
         nameUnknown(name);
-    else if (!(command->flags & ACRX_CMD_TRANSPARENT))
+    } else if (!(command->flags & ACRX_CMD_TRANSPARENT)) {
         transcript_.print(L"The command " + command->globalName +
                           L" cannot run inside another one.\n");
-    else
+    } else {
         runTransparent(level, std::move(command));
+    }
     if (abandon_)
         throw Abandoned{};
     transcript_.freshLine();

@@ -12,9 +12,9 @@ class AcEdUIContext;
 using AcRxFunctionPtr = void (*)();
 
 inline constexpr int ACRX_CMD_MODAL = 0;
-inline constexpr int ACRX_CMD_TRANSPARENT = 1;     // may run inside another, typed with "'"
-inline constexpr int ACRX_CMD_USEPICKSET = 2;      // keeps the pick-first set at its start
-inline constexpr int ACRX_CMD_REDRAW = 4;          // and at its end
+inline constexpr int ACRX_CMD_TRANSPARENT = 1; // may run inside another, typed with "'"
+inline constexpr int ACRX_CMD_USEPICKSET = 2;  // keeps the pick-first set at its start
+inline constexpr int ACRX_CMD_REDRAW = 4;      // and at its end
 inline constexpr int ACRX_CMD_NOPAPERSPACE = 64;
 inline constexpr int ACRX_CMD_NO_UNDO_MARKER = 0x400000; // makes no step of its own (U, REDO)
 

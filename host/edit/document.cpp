@@ -19,7 +19,10 @@ std::wstring AcApDocument::fileName() const
     return name.empty() ? newName_ : name;
 }
 
-bool AcApDocument::isNamedDrawing() const { return !database_->getFilename().empty(); }
+bool AcApDocument::isNamedDrawing() const
+{
+    return !database_->getFilename().empty();
+}
 
 AcAp::DocLockMode AcApDocument::lockMode() const
 {
@@ -35,7 +38,10 @@ AcApDocManager* acDocManagerPtr()
     return &documents;
 }
 
-AcApDocument* curDoc() { return acDocManagerPtr()->curDocument(); }
+AcApDocument* curDoc()
+{
+    return acDocManagerPtr()->curDocument();
+}
 
 // Walks a copy of the list: reactors add and remove themselves inside a call.
 template <class Call> void AcApDocManager::tell(Call call)
@@ -114,9 +120,9 @@ void AcApDocManager::removeReactor(AcApDocManagerReactor* reactor)
 
 AcApDocument* AcApDocManager::newDocument()
 {
-    documents_.push_back(std::make_unique<AcApDocument>(
-        std::make_unique<AcDbDatabase>(true),
-        L"Drawing" + std::to_wstring(++newDrawings_) + L".dxf"));
+    documents_.push_back(
+        std::make_unique<AcApDocument>(std::make_unique<AcDbDatabase>(true),
+                                       L"Drawing" + std::to_wstring(++newDrawings_) + L".dxf"));
     AcApDocument* const document = documents_.back().get();
     tell([&](AcApDocManagerReactor& reactor) { reactor.documentCreateStarted(document); });
     makeCurrent(document);

@@ -51,7 +51,7 @@ public:
     AcAp::DocLockMode lockMode() const;
 
     // For the rooms that run the editor.
-    std::deque<host::QueuedText> queue;  // typed next
+    std::deque<host::QueuedText> queue;   // typed next
     std::deque<host::QueuedText> waiting; // queued inside a command: behind `queue` once it returns
     std::vector<AcDbObjectId> pickFirst;
     std::vector<AcDbObjectId> previous;
@@ -90,8 +90,7 @@ public:
     int documentCount() const { return static_cast<int>(documents_.size()); }
     std::vector<AcApDocument*> documents() const; // in the order of opening
 
-    Acad::ErrorStatus lockDocument(AcApDocument* document,
-                                   AcAp::DocLockMode mode = AcAp::kWrite,
+    Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kWrite,
                                    const wchar_t* globalName = nullptr,
                                    const wchar_t* localName = nullptr, bool prompt = true);
     Acad::ErrorStatus unlockDocument(AcApDocument* document);

@@ -10,6 +10,12 @@ void AcEditor::addReactor(AcEditorReactor* reactor)
         reactors_.push_back(reactor);
 }
 
-void AcEditor::removeReactor(AcEditorReactor* reactor) { std::erase(reactors_, reactor); }
+void AcEditor::removeReactor(AcEditorReactor* reactor)
+{
+    std::erase(reactors_, reactor);
+}
 
-AcEditor* acedEditorPtr() { return AcEditor::cast(acrxSysRegistry()->at(L"AcEditor")); }
+AcEditor* acedEditorPtr()
+{
+    return AcEditor::cast(acrxSysRegistry()->at(L"AcEditor"));
+}

@@ -145,7 +145,10 @@ void Fiber::yield()
 #endif
 }
 
-bool Fiber::done() const { return state_->done; }
+bool Fiber::done() const
+{
+    return state_->done;
+}
 
 void Fiber::enter(unsigned low, unsigned high)
 {

@@ -39,15 +39,17 @@ constexpr Refusals kReal = {L"Requires numeric value.\n",
 constexpr Refusals kPoint = {L"Invalid point.\n", L"Point or option keyword required.\n"};
 constexpr Refusals kDistance = {L"Requires numeric distance or two points.\n",
                                 L"Requires numeric distance, two points, or option keyword.\n"};
-constexpr Refusals kSecondPoint = {L"Requires numeric distance or second point.\n",
-                                   L"Requires numeric distance, second point, or option keyword.\n"};
+constexpr Refusals kSecondPoint = {
+    L"Requires numeric distance or second point.\n",
+    L"Requires numeric distance, second point, or option keyword.\n"};
 constexpr Refusals kAngle = {L"Requires numeric angle or two points.\n",
                              L"Requires numeric angle, two points, or option keyword.\n"};
 constexpr Refusals kSecondAngle = {L"Requires valid numeric angle or second point.\n",
                                    L"Requires valid numeric angle, second point, or option "
                                    L"keyword.\n"};
 constexpr Refusals kKeyword = {L"Invalid option keyword.\n", L"Invalid option keyword.\n"};
-constexpr Refusals kEntityRefusal = {L"Invalid selection.\n", L"Invalid selection or option keyword.\n"};
+constexpr Refusals kEntityRefusal = {L"Invalid selection.\n",
+                                     L"Invalid selection or option keyword.\n"};
 
 std::wstring refusal(const Refusals& texts, const Conditions& conditions)
 {
@@ -228,20 +230,20 @@ int acedGetString(int cronly, const wchar_t* prompt, std::wstring& result)
     host::Question question;
     question.prompt = prompt ? prompt : L"";
     question.takesSpaces = cronly != 0;
-    return host::engine().ask(question,
-                              [&](const Answer& answer) -> std::optional<std::wstring> {
-                                  if (answer.text.empty() && conditions.forbids(RSG_NONULL))
-                                      return L"";
-                                  result = answer.text;
-                                  return std::nullopt;
-                              });
+    return host::engine().ask(question, [&](const Answer& answer) -> std::optional<std::wstring> {
+        if (answer.text.empty() && conditions.forbids(RSG_NONULL))
+            return L"";
+        result = answer.text;
+        return std::nullopt;
+    });
 }
 
 int acedGetKword(const wchar_t* prompt, std::wstring& result)
 {
     const Conditions conditions = std::exchange(host::nextConditions, {});
-    const int outcome = host::askWith(conditions, WaitKind::keyword, prompt, nullptr, host::kKeyword,
-                                      [](const Answer&, std::wstring&) { return false; });
+    const int outcome =
+        host::askWith(conditions, WaitKind::keyword, prompt, nullptr, host::kKeyword,
+                      [](const Answer&, std::wstring&) { return false; });
     if (outcome != RTKWORD)
         return outcome;
     result = host::lastInput;
@@ -325,8 +327,8 @@ int acedEntSel(const wchar_t* prompt, ads_name& entity, ads_point& point)
     AcDbObjectId found;
     AcGePoint3d at = host::lastPoint();
     const int outcome = host::askWith(
-        conditions, WaitKind::entity, prompt ? prompt : L"Select object: ", nullptr, host::kEntityRefusal,
-        [&](const Answer& answer, std::wstring&) {
+        conditions, WaitKind::entity, prompt ? prompt : L"Select object: ", nullptr,
+        host::kEntityRefusal, [&](const Answer& answer, std::wstring&) {
             if (answer.kind == Answer::Kind::entities) {
                 found = answer.entities.empty() ? AcDbObjectId() : answer.entities.front();
                 return true;

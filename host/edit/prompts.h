@@ -11,10 +11,10 @@
 
 // Bits and keywords of the next question; each question forgets them.
 enum InitGetBits : int {
-    RSG_NONULL = 1,   // Enter alone is no answer
-    RSG_NOZERO = 2,   // nor is zero
-    RSG_NONEG = 4,    // nor a number below zero
-    RSG_OTHER = 128,  // any text counts as a keyword
+    RSG_NONULL = 1,  // Enter alone is no answer
+    RSG_NOZERO = 2,  // nor is zero
+    RSG_NONEG = 4,   // nor a number below zero
+    RSG_OTHER = 128, // any text counts as a keyword
 };
 // Keywords stand apart by blanks; what must be typed is in capitals ("Yes No", "eXit") or behind a
 // comma ("LTYPE,LT"). Names behind a lone "_" are what is answered, one for each keyword.

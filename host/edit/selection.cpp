@@ -10,8 +10,8 @@
 
 #include <unordered_set>
 
-// "Select objects: " is asked until Enter. Each answer brings some entities, by one row of the table
-// of ways at the end of the class, and they join the selection or, after R, leave it.
+// "Select objects: " is asked until Enter. Each answer brings some entities, by one row of the
+// table of ways at the end of the class, and they join the selection or, after R, leave it.
 
 namespace host {
 
@@ -286,8 +286,8 @@ ObjectSelection::Step ObjectSelection::points(const wchar_t* first, const wchar_
     for (;;) {
         acedInitGet(shape.empty() ? RSG_NONULL : 0, shape.empty() ? nullptr : L"Undo");
         const ads_point base = at;
-        const int result = acedGetPoint(shape.empty() ? nullptr : &base,
-                                        shape.empty() ? first : next, at);
+        const int result =
+            acedGetPoint(shape.empty() ? nullptr : &base, shape.empty() ? first : next, at);
         if (result == RTNORM)
             shape.emplace_back(at[0], at[1]);
         else if (result == RTKWORD)
@@ -312,8 +312,8 @@ ObjectSelection::Step ObjectSelection::polygon(Ids& found, Reach reach)
 ObjectSelection::Step ObjectSelection::fence(Ids& found)
 {
     std::vector<AcGePoint2d> shape;
-    const Step step = points(L"Specify first fence point: ",
-                             L"Specify next fence point or [Undo]: ", 2, shape);
+    const Step step =
+        points(L"Specify first fence point: ", L"Specify next fence point or [Undo]: ", 2, shape);
     if (step == Step::selected)
         found = entitiesIn(database_, SelectionShape::fence(std::move(shape)), Reach::touching);
     return step;

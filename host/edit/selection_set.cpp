@@ -55,7 +55,10 @@ SelectionSet* findSet(const ads_name& name)
     return found == sets().end() ? nullptr : &found->second;
 }
 
-AcDbDatabase* currentDatabase() { return acdbHostApplicationServices()->workingDatabase(); }
+AcDbDatabase* currentDatabase()
+{
+    return acdbHostApplicationServices()->workingDatabase();
+}
 
 AcGePoint2d flat(const void* point)
 {
@@ -95,8 +98,7 @@ const Mode kModes[] = {
      }},
     {L"", Mode::Wants::point,
      [](AcDbDatabase& database, const void* pt1, const void*) {
-         return std::vector<AcDbObjectId>{
-             entityAt(database, *static_cast<const ads_point*>(pt1))};
+         return std::vector<AcDbObjectId>{entityAt(database, *static_cast<const ads_point*>(pt1))};
      }},
     {L"_W", Mode::Wants::corners,
      [](AcDbDatabase& database, const void* pt1, const void* pt2) {
@@ -288,7 +290,7 @@ int acdbEntLast(ads_name& entity)
 {
     AcDbDatabase* const database = host::currentDatabase();
     return database && acdbGetAdsName(entity, host::lastEntity(*database)) == Acad::eOk ? RTNORM
-                                                                                       : RTERROR;
+                                                                                        : RTERROR;
 }
 
 int acdbHandEnt(const wchar_t* handle, ads_name& entity)

@@ -19,7 +19,10 @@ namespace host {
 
 namespace {
 
-AcDbDatabase* currentDatabase() { return acdbHostApplicationServices()->workingDatabase(); }
+AcDbDatabase* currentDatabase()
+{
+    return acdbHostApplicationServices()->workingDatabase();
+}
 
 resbuf defaultOf(const VariableRow& row)
 {
@@ -41,19 +44,22 @@ std::optional<resbuf> valueOf(std::wstring_view name)
         row->compute(value);
         return value;
     }
-    if (row && row->home == VariableHome::program) {
-        if (engineExists())
-            if (const auto kept = engine().programVariables().find(row->name);
-                kept != engine().programVariables().end())
-                return kept->second;
-        return defaultOf(*row);
-    }
     if (const AcDbDatabase* const database = currentDatabase())
         if (auto value = headerVariable(database->drawing(), toUtf8(upperCased(name))))
             return value;
-    if (row)
-        return defaultOf(*row);
-    return std::nullopt;
+    if (!row)
+        return std::nullopt;
+    if (row->home == VariableHome::program && engineExists())
+        if (const auto kept = engine().programVariables().find(row->name);
+            kept != engine().programVariables().end())
+            return kept->second;
+    return defaultOf(*row);
+}
+
+bool headerHolds(std::wstring_view name)
+{
+    const AcDbDatabase* const database = currentDatabase();
+    return database && headerVariableCode(database->drawing(), toUtf8(upperCased(name))) != 0;
 }
 
 // The value in the variable's own type; a short passes for a long and for a real.
@@ -131,10 +137,7 @@ bool setHeader(const VariableRow* row, const std::wstring& name, const resbuf& v
 
 bool isSystemVariable(std::wstring_view name)
 {
-    if (findVariableRow(name))
-        return true;
-    const AcDbDatabase* const database = currentDatabase();
-    return database && headerVariableCode(database->drawing(), toUtf8(upperCased(name))) != 0;
+    return findVariableRow(name) || headerHolds(name);
 }
 
 bool isReadOnlyVariable(std::wstring_view name)
@@ -204,9 +207,9 @@ void askSystemVariable(std::wstring_view typedName)
     }
     const bool isText = now->restype == RTSTR;
     Question question;
-    question.kind = isText                                                  ? WaitKind::text
+    question.kind = isText                                                 ? WaitKind::text
                     : now->restype == RTPOINT || now->restype == RT3DPOINT ? WaitKind::point
-                                                                            : WaitKind::number;
+                                                                           : WaitKind::number;
     question.takesSpaces = isText;
     question.prompt = L"Enter new value for " + name + (isText ? L", or . for none" : L"") + L" <" +
                       variableText(*now) + L">: ";
@@ -256,7 +259,7 @@ int acedSetVar(const wchar_t* name, const resbuf& value)
     if (editor)
         editor->tellReactors([&](AcEditorReactor& r) { r.sysVarWillChange(upper.c_str()); });
     bool done = true;
-    if (row && row->home == host::VariableHome::program)
+    if (row && row->home == host::VariableHome::program && !host::headerHolds(upper))
         host::engine().programVariables()[upper] = *wanted;
     else
         done = host::setHeader(row, upper, *wanted);

@@ -11,8 +11,14 @@ constexpr wchar_t kCancel = 3;
 constexpr wchar_t kEscape = 27;
 constexpr std::wstring_view kCancelLine = L"^C";
 
-bool isCancel(wchar_t character) { return character == kCancel || character == kEscape; }
-bool isBlank(wchar_t character) { return character == L' ' || character == L'\t'; }
+bool isCancel(wchar_t character)
+{
+    return character == kCancel || character == kEscape;
+}
+bool isBlank(wchar_t character)
+{
+    return character == L' ' || character == L'\t';
+}
 
 } // namespace
 
@@ -48,7 +54,10 @@ void TypedInput::feedSelection(std::vector<AcDbObjectId> selection)
     fed_.push_back(Fed{Event::selection, {}, 0, Origin::terminal, {}, std::move(selection)});
 }
 
-void TypedInput::feedCancel() { fed_.push_back(Fed{Event::cancel, {}, 0, Origin::terminal, {}, {}}); }
+void TypedInput::feedCancel()
+{
+    fed_.push_back(Fed{Event::cancel, {}, 0, Origin::terminal, {}, {}});
+}
 
 void TypedInput::insert(std::wstring_view text)
 {
@@ -150,8 +159,8 @@ TypedInput::Read TypedInput::read(std::deque<QueuedText>* queue, const AnswerFor
                                   TypedAnswer& answer)
 {
     const bool queued = queue && std::ranges::any_of(*queue, [](const QueuedText& text) {
-        return text.at < text.text.size();
-    });
+                            return text.at < text.text.size();
+                        });
     if (!(form.queueBeforeCancel && queued) && cancelRequested_.exchange(false)) {
         ++outsideRead_;
         forgetPartial();

@@ -17,14 +17,14 @@ enum class Origin { script, terminal };
 
 // How an answer is cut out of the stream of characters.
 struct AnswerForm {
-    bool takesSpaces = false;      // only a line end ends it
-    bool takesExpression = false;  // one that begins with "(" goes on to the matching ")"
+    bool takesSpaces = false;       // only a line end ends it
+    bool takesExpression = false;   // one that begins with "(" goes on to the matching ")"
     bool queueBeforeCancel = false; // a cancel that was requested waits behind queued text
 };
 
 // What was read: characters up to the blank or line end that ended them.
 struct TypedAnswer {
-    std::wstring text; // without the double quotes around it
+    std::wstring text;  // without the double quotes around it
     std::wstring typed; // as it was typed
     bool endsLine = false;
     bool fromQueue = false; // all of it

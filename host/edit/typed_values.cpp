@@ -28,7 +28,10 @@ std::vector<std::wstring_view> split(std::wstring_view text, wchar_t at)
     }
 }
 
-bool isCapital(wchar_t c) { return toLower(c) != c || (c >= L'0' && c <= L'9'); }
+bool isCapital(wchar_t c)
+{
+    return toLower(c) != c || (c >= L'0' && c <= L'9');
+}
 
 bool startsNoCase(std::wstring_view text, std::wstring_view beginning)
 {
@@ -60,7 +63,10 @@ std::optional<int> typedInteger(std::wstring_view text)
     return static_cast<int>(*value);
 }
 
-std::optional<double> typedReal(std::wstring_view text) { return parseReal(toUtf8(text)); }
+std::optional<double> typedReal(std::wstring_view text)
+{
+    return parseReal(toUtf8(text));
+}
 
 std::optional<double> typedAngle(std::wstring_view text)
 {

@@ -12,7 +12,7 @@
 // What typed answers mean: numbers, angles, points, keywords.
 namespace host {
 
-std::optional<int> typedInteger(std::wstring_view text);  // 32 bits
+std::optional<int> typedInteger(std::wstring_view text); // 32 bits
 std::optional<double> typedReal(std::wstring_view text);
 std::optional<double> typedAngle(std::wstring_view text); // degrees in, radians out
 

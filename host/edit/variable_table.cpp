@@ -52,8 +52,7 @@ void computeCommandNames(resbuf& value)
 
 void computeCommandActivity(resbuf& value)
 {
-    value.resval.rint =
-        static_cast<std::int16_t>(engineExists() ? engine().commandActivity() : 0);
+    value.resval.rint = static_cast<std::int16_t>(engineExists() ? engine().commandActivity() : 0);
 }
 
 std::wstring documentPath()
@@ -62,7 +61,10 @@ std::wstring documentPath()
     return shownPath(std::wstring_view(name));
 }
 
-void computeDrawingName(resbuf& value) { value.resval.rstring = fileNameOf(documentPath()); }
+void computeDrawingName(resbuf& value)
+{
+    value.resval.rstring = fileNameOf(documentPath());
+}
 
 void computeDrawingPrefix(resbuf& value)
 {
@@ -87,7 +89,10 @@ void computeWritable(resbuf& value)
     value.resval.rint = curDoc() && curDoc()->isReadOnly() ? 0 : 1;
 }
 
-void computeUserName(resbuf& value) { value.resval.rstring = userName(); }
+void computeUserName(resbuf& value)
+{
+    value.resval.rstring = userName();
+}
 
 constexpr VariableRow shortOf(const wchar_t* name, VariableHome home, double value, double least,
                               double greatest, int code = 70)
@@ -119,8 +124,12 @@ constexpr VariableRow pointOf(const wchar_t* name, VariableHome home, int code =
 }
 constexpr VariableRow computedAs(const wchar_t* name, int type, void (*compute)(resbuf&))
 {
-    return {
-        .name = name, .home = computed, .type = type, .code = 0, .readOnly = true, .compute = compute};
+    return {.name = name,
+            .home = computed,
+            .type = type,
+            .code = 0,
+            .readOnly = true,
+            .compute = compute};
 }
 constexpr VariableRow fixedShort(const wchar_t* name, double value)
 {
@@ -236,14 +245,17 @@ constexpr auto kRows = std::to_array<VariableRow>({
 });
 
 constexpr std::wstring_view kReadOnlyHeader[] = {
-    L"ACADVER",   L"ACADMAINTVER", L"DWGCODEPAGE", L"EXTMAX",   L"EXTMIN",   L"FINGERPRINTGUID",
-    L"HANDLING",  L"HANDSEED",     L"PEXTMAX",     L"PEXTMIN",  L"TDCREATE", L"TDINDWG",
+    L"ACADVER",   L"ACADMAINTVER", L"DWGCODEPAGE", L"EXTMAX",    L"EXTMIN",      L"FINGERPRINTGUID",
+    L"HANDLING",  L"HANDSEED",     L"PEXTMAX",     L"PEXTMIN",   L"TDCREATE",    L"TDINDWG",
     L"TDUCREATE", L"TDUPDATE",     L"TDUSRTIMER",  L"TDUUPDATE", L"VERSIONGUID",
 };
 
 } // namespace
 
-std::span<const VariableRow> variableRows() { return kRows; }
+std::span<const VariableRow> variableRows()
+{
+    return kRows;
+}
 
 const VariableRow* findVariableRow(std::wstring_view name)
 {

@@ -10,7 +10,7 @@ namespace host {
 
 enum class VariableHome {
     drawing,  // the drawing's header, under `code`
-    program,  // the running program
+    program,  // the running program, unless the drawing's header holds it, as older ones do
     computed, // told by `compute`
 };
 

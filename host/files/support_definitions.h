@@ -16,8 +16,10 @@ std::string patternDefinitions(double scale);
 // "*NAME,what it shows" with a drawing of it, then "A," and the dashes as above.
 std::string linetypeDefinitions(double scale);
 
-// Groups of a multiline style as a drawing has them: code line, value line. A name at least, then
-// fill, end angles, and for each element offset, colour and linetype. The scale does not matter.
-std::string multilineStyleDefinitions(double scale);
+// "MLSTYLE" and the groups of a style as a drawing has them, a line for the code and one for the
+// value: name (2), flags (70), description (3), fill (62), end angles (51, 52), number of elements
+// (71), and for each its offset (49), colour (62) and linetype (6); "0" ends a style. A style is
+// scaled where it is used, so there is no metric one.
+std::string multilineStyleDefinitions(double scale = 1.0);
 
 } // namespace host

@@ -36,8 +36,7 @@ void ensureSupportFiles(const fs::path& folder)
             continue;
         fs::create_directories(folder, failure);
         std::string error;
-        const std::unique_ptr<SafeSave> save =
-            SafeSave::begin(path, error, SafeSave::Backup::none);
+        const std::unique_ptr<SafeSave> save = SafeSave::begin(path, error, SafeSave::Backup::none);
         if (!save)
             return; // the other files have the same folder
         save->write(file.contents(file.scale));

@@ -1,5 +1,6 @@
 #include "host/io/drawing_writer.h"
 
+#include "host/db/symbol_names.h"
 #include "host/db/tag_view.h"
 #include "host/io/class_records.h"
 #include "host/io/raise_version.h"
@@ -28,6 +29,7 @@ public:
         : drawing_(drawing)
         , written_(written)
         , bytes_(drawing)
+        , nextHandle_(drawing.nextHandle)
     {
     }
 
@@ -68,6 +70,7 @@ private:
     std::map<std::uint32_t, Edit> edits_; // by record of the file
     std::map<std::string, std::string> tails_;
     std::map<std::string, std::string> heads_; // behind SECTION
+    std::uint64_t nextHandle_;                 // for what is made here
     std::string header_;                       // the record of a header that the file lacks
 };
 
@@ -154,6 +157,15 @@ void Planner::addEntities()
                 edits_[block.end].before += contents;
         } else if (block.begin && (isAdded(block.begin) || isAdded(record))) {
             tail("BLOCKS") += bytes_.record(block.begin) + contents + bytes_.record(block.end);
+        } else if (!block.begin && isAdded(record) && drawing_.version > DxfVersion::r12) {
+            const bool paper = record == drawing_.paperSpace;
+            const std::uint64_t handle = drawing_.index[record].handle;
+            const auto source = drawing_.source;
+            const TagList begin =
+                makeBlockBegin(source, nextHandle_++, handle,
+                               symbolName(drawing_, "BLOCK_RECORD", record), paper);
+            const TagList end = makeBlockEnd(source, nextHandle_++, handle, paper);
+            tail("BLOCKS") += bytes_.tags(begin) + contents + bytes_.tags(end);
         }
     }
     std::sort(inSpaces.begin(), inSpaces.end());
@@ -249,6 +261,8 @@ void Planner::setSeed()
     for (const std::set<std::uint32_t>* const stubs : {&written_.added, &written_.changed})
         for (const std::uint32_t stub : *stubs)
             greatest = std::max(greatest, drawing_.index[stub].handle);
+    if (nextHandle_ > drawing_.nextHandle)
+        greatest = nextHandle_ - 1;
     if (greatest == 0 || greatest < drawing_.fileSeed || !drawing_.header)
         return;
     const bool inFile = drawing_.header <= drawing_.fileRecords;

@@ -174,23 +174,8 @@ void RaisedFile::addBlock(std::uint32_t record, const BlockPlace& block)
     if (block.begin) {
         add(raised_.blockMark(block.begin, handleOf(record), paper));
     } else {
-        const std::wstring name = symbolName(drawing_, "BLOCK_RECORD", record);
-        TagList begin(source_);
-        begin.addText(0, L"BLOCK");
-        begin.addHandle(5, spare());
-        begin.addHandle(330, handleOf(record));
-        begin.addText(100, L"AcDbEntity");
-        if (paper)
-            begin.addInteger(67, 1);
-        begin.addText(8, L"0");
-        begin.addText(100, L"AcDbBlockBegin");
-        begin.addText(2, name);
-        begin.addInteger(70, 0);
-        for (const int code : {10, 20, 30})
-            begin.addReal(code, 0.0);
-        begin.addText(3, name);
-        begin.addText(1, L"");
-        add(begin);
+        add(makeBlockBegin(source_, spare(), handleOf(record),
+                           symbolName(drawing_, "BLOCK_RECORD", record), paper));
     }
     if (!model && !paper)
         for (const std::uint32_t entity : block.entities)
@@ -199,16 +184,7 @@ void RaisedFile::addBlock(std::uint32_t record, const BlockPlace& block)
     if (block.end) {
         add(raised_.blockMark(block.end, handleOf(record), paper));
     } else {
-        TagList end(source_);
-        end.addText(0, L"ENDBLK");
-        end.addHandle(5, spare());
-        end.addHandle(330, handleOf(record));
-        end.addText(100, L"AcDbEntity");
-        if (paper)
-            end.addInteger(67, 1);
-        end.addText(8, L"0");
-        end.addText(100, L"AcDbBlockEnd");
-        add(end);
+        add(makeBlockEnd(source_, spare(), handleOf(record), paper));
     }
 }
 

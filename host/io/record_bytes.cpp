@@ -92,6 +92,46 @@ std::string RecordBytes::classRecord(const ClassRecord& record) const
     return this->tags(tags);
 }
 
+namespace {
+
+TagList blockMark(std::shared_ptr<TagSource> source, std::wstring_view type, std::uint64_t handle,
+                  std::uint64_t record, bool paper)
+{
+    TagList tags(std::move(source));
+    tags.addText(0, type);
+    tags.addHandle(5, handle);
+    tags.addHandle(330, record);
+    tags.addText(100, L"AcDbEntity");
+    if (paper)
+        tags.addInteger(67, 1);
+    tags.addText(8, L"0");
+    return tags;
+}
+
+} // namespace
+
+TagList makeBlockBegin(std::shared_ptr<TagSource> source, std::uint64_t handle,
+                       std::uint64_t record, std::wstring_view name, bool paper)
+{
+    TagList tags = blockMark(std::move(source), L"BLOCK", handle, record, paper);
+    tags.addText(100, L"AcDbBlockBegin");
+    tags.addText(2, name);
+    tags.addInteger(70, 0);
+    for (const int code : {10, 20, 30})
+        tags.addReal(code, 0.0);
+    tags.addText(3, name);
+    tags.addText(1, L"");
+    return tags;
+}
+
+TagList makeBlockEnd(std::shared_ptr<TagSource> source, std::uint64_t handle, std::uint64_t record,
+                     bool paper)
+{
+    TagList tags = blockMark(std::move(source), L"ENDBLK", handle, record, paper);
+    tags.addText(100, L"AcDbBlockEnd");
+    return tags;
+}
+
 void setHandleSeed(TagList& header, std::uint64_t seed)
 {
     const std::size_t name = header.find(9, "$HANDSEED");

@@ -27,6 +27,12 @@ private:
     const TagForm& form_;
 };
 
+// BLOCK and ENDBLK, from R13 on, for a block record that has none. `record` is its handle.
+TagList makeBlockBegin(std::shared_ptr<TagSource> source, std::uint64_t handle,
+                       std::uint64_t record, std::wstring_view name, bool paper);
+TagList makeBlockEnd(std::shared_ptr<TagSource> source, std::uint64_t handle, std::uint64_t record,
+                     bool paper);
+
 // Sets $HANDSEED in the tags of a header; one that lacks it gets it at the end.
 void setHandleSeed(TagList& header, std::uint64_t seed);
 

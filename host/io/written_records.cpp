@@ -1,7 +1,9 @@
 #include "host/io/written_records.h"
 
+#include "host/db/symbol_names.h"
 #include "host/db/tag_view.h"
 #include "host/io/section_order.h"
+#include "host/text/case_mapping.h"
 
 #include <algorithm>
 
@@ -33,6 +35,42 @@ bool holdsSomething(Drawing& drawing, std::uint32_t stub, int depth)
             return true;
     }
     return false;
+}
+
+// Codes that name a table record, in entities and table records.
+struct NameCode {
+    int code;
+    std::string_view table;
+};
+constexpr NameCode kNameCodes[] = {{8, "LAYER"}, {6, "LTYPE"}, {7, "STYLE"}, {1001, "APPID"}};
+
+// R12 knows the two linetypes without a record.
+bool isWritten(const Drawing& drawing, std::string_view table, std::wstring_view name)
+{
+    return drawing.version > DxfVersion::r12 || table != "LTYPE" ||
+           (!equalNoCase(name, L"ByLayer") && !equalNoCase(name, L"ByBlock"));
+}
+
+// Adds the implicit table records that the tags of a new record call by name.
+void followNames(Drawing& drawing, std::uint32_t stub, WrittenRecords& written)
+{
+    std::vector<std::uint32_t> waiting{stub};
+    while (!waiting.empty()) {
+        const std::shared_ptr<const TagList> tags = drawing.tagsOf(waiting.back());
+        waiting.pop_back();
+        for (std::size_t i = 1; i < tags->size(); ++i) {
+            const NameCode* const row =
+                std::find_if(std::begin(kNameCodes), std::end(kNameCodes),
+                             [&](const NameCode& code) { return code.code == (*tags)[i].code; });
+            if (row == std::end(kNameCodes))
+                continue;
+            const std::wstring name = tags->text(i);
+            const std::uint32_t record = findSymbol(drawing, row->table, name).stubNumber();
+            if (record && (drawing.index[record].flags & kImplicit) != 0 &&
+                isWritten(drawing, row->table, name) && written.added.insert(record).second)
+                waiting.push_back(record);
+        }
+    }
 }
 
 // Adds the implicit records that the tags of `stub` name by handle.
@@ -104,8 +142,11 @@ WrittenRecords findWrittenRecords(Drawing& drawing)
     // An empty dictionary that a command left is no reason to give a file objects.
     if (written.objects || hasObjects)
         written.added.insert(dictionaries.begin(), dictionaries.end());
+    const std::set<std::uint32_t> own = written.added;
+    for (const std::uint32_t stub : own)
+        if (!isObjectRecord(drawing, stub))
+            followNames(drawing, stub, written);
     if (drawing.version > DxfVersion::r12 || written.objects) {
-        const std::set<std::uint32_t> own = written.added;
         for (const std::uint32_t stub : own)
             followHandles(drawing, stub, written);
         for (const std::uint32_t stub : written.changed)

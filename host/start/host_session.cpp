@@ -2,7 +2,7 @@
 
 #include "host/commands/native_commands.h"
 #include "host/edit/environment.h"
-#include "host/files/paths.h"
+#include "host/files/support_files.h"
 #include "host/io/dxf_format.h"
 #include "host/runtime/registry.h"
 
@@ -14,8 +14,7 @@ HostSession::HostSession(SessionOptions options)
 {
     setDrawingFormat(format_.get());
     setEnvironment(&profile_, options.supportFolder);
-    std::error_code ignored;
-    std::filesystem::create_directories(profile_.supportFolder(), ignored);
+    ensureSupportFiles(profile_.supportFolder());
     acrxSysRegistry()->atPut(L"ACAD_REGISTERED_COMMANDS", &commands_);
     acrxSysRegistry()->atPut(L"AcEditor", &editor_);
     setEngine(engine_.get());

@@ -14,10 +14,10 @@
 namespace host {
 
 struct SessionOptions {
-    Transcript::Sink output;               // null: nothing is shown
-    std::filesystem::path profile;         // folder of the user's profile; empty: the usual one
-    std::wstring supportFolder;            // stands before the profile's own
-    bool newDrawing = true;                // begins with an empty metric drawing
+    Transcript::Sink output;       // null: nothing is shown
+    std::filesystem::path profile; // folder of the user's profile; empty: the usual one
+    std::wstring supportFolder;    // stands before the profile's own
+    bool newDrawing = true;        // begins with an empty metric drawing
 };
 
 // The host while a program uses it: file formats, system variables, commands, the editor and its

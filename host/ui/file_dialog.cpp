@@ -61,8 +61,8 @@ int CAcUiFileDialog::DoModal()
     question.prompt = std::wstring(L"Enter name of file to ") + (opens_ ? L"open" : L"save") +
                       (offered_.empty() ? L": " : L" <" + offered_ + L">: ");
     std::wstring path;
-    const int result =
-        host::engine().ask(question, [&](const host::Answer& answer) -> std::optional<std::wstring> {
+    const int result = host::engine().ask(
+        question, [&](const host::Answer& answer) -> std::optional<std::wstring> {
             std::wstring name = answer.text.empty() ? offered_ : answer.text;
             path.clear();
             if (name.empty())

@@ -12,7 +12,7 @@ TEST_F(SelectionTest, TwoZerosEndSilentlyBeforeTheMatchIsAsked)
         EXPECT_EQ(selected(), "A");
         // both answers are kept all the same
         EXPECT_TRUE(tells(
-            transcript(typed[11] == L'e' ? L"kelmaro_sel_ext Wall\n\x3" : L"kelmaro_sel_all\n\x3"),
+            transcript(typed[12] == L'e' ? L"kelmaro_sel_ext Wall\n\x3" : L"kelmaro_sel_all\n\x3"),
             L"Use properties? [0/1]<0>: "));
     }
 }

@@ -247,7 +247,7 @@ TEST_F(DescriptionMessages, Variables)
 TEST_F(DescriptionMessages, AnErrorInTheLastLineLeavesNothing)
 {
     expectErrors(
-        {{L"variable\tLUPREC\t2\n" + kKeyed + L"foo", L"5: error: invalid syntax: 'foo'\n"}});
+        {{L"variable\tLUPREC\t2\n" + kKeyed + L"foo", L"6: error: invalid syntax: 'foo'\n"}});
     resbuf value;
     ASSERT_EQ(acedGetVar(L"LUPREC", value), RTNORM);
     EXPECT_NE(value.resval.rint, 2);

@@ -35,6 +35,22 @@ TEST_F(OdStoreTest, ADictionaryThatIsGoneIsMadeAnew)
     EXPECT_EQ(existingStoreId(database()), third);
 }
 
+// The command that made the dictionary is undone: its id names nothing from then on.
+TEST_F(OdStoreTest, AnUndoneDictionaryIsMadeAnew)
+{
+    static OdStore store;
+    static AcDbObjectId made;
+    command(L"MAKESTORE", [] { made = store.getStoreId(store.currentDatabase()); });
+    type(L"makestore\n");
+    const AcDbObjectId first = made;
+    ASSERT_FALSE(first.isNull());
+    type(L"_u\n");
+    EXPECT_TRUE(existingStoreId(database()).isNull());
+    type(L"makestore\n");
+    EXPECT_NE(made, first);
+    EXPECT_EQ(existingStoreId(database()), made);
+}
+
 TEST_F(OdStoreTest, EachDrawingHasItsOwn)
 {
     const AcDbObjectId first = storeId();

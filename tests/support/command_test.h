@@ -51,8 +51,7 @@ protected:
         return printed();
     }
 
-    void command(const wchar_t* name, void (*function)(),
-                 int flags = ACRX_CMD_MODAL)
+    void command(const wchar_t* name, void (*function)(), int flags = ACRX_CMD_MODAL)
     {
         session_.commands().addCommand(L"TEST", name, name, flags, function);
     }
@@ -64,7 +63,8 @@ protected:
 private:
     static std::filesystem::path makeFolder()
     {
-        std::string name = (std::filesystem::temp_directory_path() / "command-test-XXXXXX").string();
+        std::string name =
+            (std::filesystem::temp_directory_path() / "command-test-XXXXXX").string();
         return mkdtemp(name.data()) ? std::filesystem::path(name) : std::filesystem::path();
     }
     static host::SessionOptions options(CommandTest& test)

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -54,6 +55,14 @@ public:
 private:
     std::unique_ptr<AcDbDatabase> database_;
 };
+
+// As drawings write it.
+inline std::string handleText(AcDbObjectId id)
+{
+    char text[24];
+    std::snprintf(text, sizeof text, "%llX", static_cast<unsigned long long>(id.handle().value()));
+    return text;
+}
 
 // The text of a drawing with another version's number.
 inline std::string inVersion(std::string text, std::string_view number)

@@ -34,6 +34,8 @@ TEST(TextSplitting, ABackslashBeforeASeparatorJoins)
         {L"c:\\x\\\ty", {L"c:\\xxy"}},
         {L"c:\\x\\\ty\\\tz\\\tw", {L"c:\\xxy\tz\tw"}},
         {L"a\\\\\tb", {L"a\\\\b"}},
+        // A backslash that was lent is used up with the one before it.
+        {L"p\\\\q\\\tr\\\ts", {L"p\\\\q\\r\ts"}},
         {L"c:\\x\ta\\\tb", {L"c:\\x", L"axb"}},
     };
     for (const auto& [text, pieces] : cases) {

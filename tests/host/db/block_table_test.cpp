@@ -8,7 +8,8 @@
 
 namespace {
 
-Acad::ErrorStatus addBlock(AcDbDatabase& database, const wchar_t* name, AcDbObjectId& id, AcGePoint3d origin = {})
+Acad::ErrorStatus addBlock(AcDbDatabase& database, const wchar_t* name, AcDbObjectId& id,
+                           AcGePoint3d origin = {})
 {
     AcDbBlockTable* opened = nullptr;
     const Acad::ErrorStatus status = database.getSymbolTable(opened, AcDb::kForWrite);
@@ -46,17 +47,19 @@ std::vector<AcDbObjectId> walked(AcDbObjectId block, bool forward, bool skipDele
 
 TEST(BlockTable, NewBlockIsWholeInEveryVersion)
 {
-    for (const char* version : { "AC1009", "AC1012", "AC1015", "AC1032" }) {
+    for (const char* version : {"AC1009", "AC1012", "AC1015", "AC1032"}) {
         SCOPED_TRACE(version);
         ReadDrawing read(inVersion(DxfDrawing().text(), version));
         AcDbObjectId id;
-        ASSERT_EQ(addBlock(read.database(), L"Tree", id, { 1, 2, 3 }), Acad::eOk);
+        ASSERT_EQ(addBlock(read.database(), L"Tree", id, {1, 2, 3}), Acad::eOk);
         EXPECT_EQ(addBlock(read.database(), L"TREE", id), Acad::eDuplicateKey);
         AcDbObjectId line;
-        ASSERT_EQ(addLine(host::findSymbol(read.drawing(), "BLOCK_RECORD", L"tree"), line), Acad::eOk);
+        ASSERT_EQ(addLine(host::findSymbol(read.drawing(), "BLOCK_RECORD", L"tree"), line),
+                  Acad::eOk);
         ReadDrawing again(read.written());
         EXPECT_TRUE(again.database().warnings().empty());
-        AcDbObjectPointer<AcDbBlockTableRecord> record(host::findSymbol(again.drawing(), "BLOCK_RECORD", L"tree"), AcDb::kForRead);
+        AcDbObjectPointer<AcDbBlockTableRecord> record(
+            host::findSymbol(again.drawing(), "BLOCK_RECORD", L"tree"), AcDb::kForRead);
         ASSERT_EQ(record.openStatus(), Acad::eOk);
         EXPECT_EQ(record->origin(), AcGePoint3d(1, 2, 3));
         EXPECT_EQ(walked(record->objectId(), true).size(), 1u);
@@ -70,7 +73,7 @@ TEST(BlockTable, AnonymousBlocksAreNumbered)
     drawing.block("*u3");
     ReadDrawing read(drawing.text());
     AcDbObjectId id;
-    for (const wchar_t* name : { L"*U2", L"*U4", L"*U5" }) {
+    for (const wchar_t* name : {L"*U2", L"*U4", L"*U5"}) {
         ASSERT_EQ(addBlock(read.database(), L"*U", id), Acad::eOk);
         AcDbObjectPointer<AcDbBlockTableRecord> record(id, AcDb::kForRead);
         EXPECT_EQ(record->name(), name);
@@ -81,15 +84,16 @@ TEST(BlockTable, AnonymousBlocksAreNumbered)
 TEST(BlockTable, IteratorSkipsErasedOnesBothWaysAndMeetsNewOnes)
 {
     DxfDrawing drawing;
-    const std::string handles[] = { drawing.line(), drawing.line(), drawing.line(), drawing.line() };
+    const std::string handles[] = {drawing.line(), drawing.line(), drawing.line(), drawing.line()};
     ReadDrawing read(drawing.text());
     const AcDbObjectId space = read.database().modelSpaceId();
-    const AcDbObjectId a = read.idOf(handles[0]), b = read.idOf(handles[1]), c = read.idOf(handles[2]), d = read.idOf(handles[3]);
-    for (const AcDbObjectId id : { a, c })
+    const AcDbObjectId a = read.idOf(handles[0]), b = read.idOf(handles[1]),
+                       c = read.idOf(handles[2]), d = read.idOf(handles[3]);
+    for (const AcDbObjectId id : {a, c})
         AcDbObjectPointer<AcDbEntity>(id, AcDb::kForWrite)->erase();
-    EXPECT_EQ(walked(space, true), (std::vector<AcDbObjectId> { b, d }));
-    EXPECT_EQ(walked(space, false), (std::vector<AcDbObjectId> { d, b }));
-    EXPECT_EQ(walked(space, true, false), (std::vector<AcDbObjectId> { a, b, c, d }));
+    EXPECT_EQ(walked(space, true), (std::vector<AcDbObjectId>{b, d}));
+    EXPECT_EQ(walked(space, false), (std::vector<AcDbObjectId>{d, b}));
+    EXPECT_EQ(walked(space, true, false), (std::vector<AcDbObjectId>{a, b, c, d}));
 
     AcDbBlockTableRecordIterator walk(read.drawing(), space.stubNumber(), true, true);
     walk.step();
@@ -120,17 +124,19 @@ TEST(BlockTable, EntityOfPaperSpaceSaysSo)
 TEST(BlockTable, UnitsComeFromTheRecordOrItsExtendedData)
 {
     DxfDrawing drawing;
-    const std::string data = "1001\nACAD\n1000\nDesignCenter Data\n1002\n{\n1070\n     1\n1070\n     6\n1002\n}\n";
+    const std::string data =
+        "1001\nACAD\n1000\nDesignCenter Data\n1002\n{\n1070\n     1\n1070\n     6\n1002\n}\n";
     const std::string byData = drawing.block("ByData", 0, "", data);
     const std::string byRecord = drawing.block("ByRecord", 4);
-    const std::string foreign = drawing.block("Foreign", 0, "", "1001\nACAD\n1000\nOther\n1070\n1\n1070\n6\n");
+    const std::string foreign =
+        drawing.block("Foreign", 0, "", "1001\nACAD\n1000\nOther\n1070\n1\n1070\n6\n");
     std::string text = drawing.text();
-    for (const char* name : { "ByData", "Foreign" }) {
+    for (const char* name : {"ByData", "Foreign"}) {
         const std::string units = std::string(name) + "\n340\n0\n70\n0\n";
         text.replace(text.find(units), units.size(), std::string(name) + "\n340\n0\n");
     }
     ReadDrawing read(text);
-    const std::pair<std::string, int> rows[] = { { byData, 6 }, { byRecord, 4 }, { foreign, 0 } };
+    const std::pair<std::string, int> rows[] = {{byData, 6}, {byRecord, 4}, {foreign, 0}};
     for (const auto& [handle, units] : rows) {
         AcDbObjectPointer<AcDbBlockTableRecord> record(read.idOf(handle), AcDb::kForRead);
         EXPECT_EQ(record->blockInsertUnits(), units) << host::toUtf8(record->name());
@@ -140,10 +146,13 @@ TEST(BlockTable, UnitsComeFromTheRecordOrItsExtendedData)
 TEST(BlockTable, AnonymousBlockNamesTheDynamicOneItStandsFor)
 {
     DxfDrawing drawing;
-    const std::string dynamic = drawing.block("Look", 0, "", "", "102\n{ACAD_XDICTIONARY\n360\n700\n102\n}\n");
-    const std::string variant = drawing.block("*U1", 0, "", "1001\nAcDbBlockRepBTag\n1070\n1\n1005\n" + dynamic + "\n");
+    const std::string dynamic =
+        drawing.block("Look", 0, "", "", "102\n{ACAD_XDICTIONARY\n360\n700\n102\n}\n");
+    const std::string variant =
+        drawing.block("*U1", 0, "", "1001\nAcDbBlockRepBTag\n1070\n1\n1005\n" + dynamic + "\n");
     const std::string plain = drawing.block("*U2");
-    drawing.object("0\nDICTIONARY\n5\n700\n330\n" + dynamic + "\n100\nAcDbDictionary\n280\n1\n3\nACAD_ENHANCEDBLOCK\n360\n701\n"
+    drawing.object("0\nDICTIONARY\n5\n700\n330\n" + dynamic +
+                   "\n100\nAcDbDictionary\n280\n1\n3\nACAD_ENHANCEDBLOCK\n360\n701\n"
                    "0\nACAD_EVALUATION_GRAPH\n5\n701\n330\n700\n100\nAcDbEvalGraph\n");
     ReadDrawing read(drawing.text());
     AcDbObjectPointer<AcDbBlockTableRecord> of(read.idOf(variant), AcDb::kForRead);

@@ -12,15 +12,14 @@ struct Row {
 TEST(Color, PaletteFollowsHueBrightnessAndPaleness)
 {
     const Row rows[] = {
-        { 1, 255, 0, 0 }, { 7, 255, 255, 255 }, { 8, 128, 128, 128 },
-        { 10, 255, 0, 0 }, { 11, 255, 127, 127 }, { 12, 204, 0, 0 }, { 13, 204, 102, 102 },
-        { 14, 153, 0, 0 }, { 16, 127, 0, 0 }, { 17, 127, 63, 63 }, { 18, 76, 0, 0 },
-        { 19, 76, 38, 38 },
-        { 20, 255, 63, 0 }, { 21, 255, 159, 127 }, { 30, 255, 127, 0 }, { 40, 255, 191, 0 },
-        { 50, 255, 255, 0 }, { 60, 191, 255, 0 }, { 90, 0, 255, 0 }, { 120, 0, 255, 191 },
-        { 130, 0, 255, 255 }, { 150, 0, 127, 255 }, { 170, 0, 0, 255 }, { 190, 127, 0, 255 },
-        { 210, 255, 0, 255 }, { 240, 255, 0, 63 }, { 249, 76, 38, 47 },
-        { 250, 51, 51, 51 }, { 252, 132, 132, 132 }, { 255, 255, 255, 255 },
+        {1, 255, 0, 0},       {7, 255, 255, 255},   {8, 128, 128, 128},  {10, 255, 0, 0},
+        {11, 255, 127, 127},  {12, 204, 0, 0},      {13, 204, 102, 102}, {14, 153, 0, 0},
+        {16, 127, 0, 0},      {17, 127, 63, 63},    {18, 76, 0, 0},      {19, 76, 38, 38},
+        {20, 255, 63, 0},     {21, 255, 159, 127},  {30, 255, 127, 0},   {40, 255, 191, 0},
+        {50, 255, 255, 0},    {60, 191, 255, 0},    {90, 0, 255, 0},     {120, 0, 255, 191},
+        {130, 0, 255, 255},   {150, 0, 127, 255},   {170, 0, 0, 255},    {190, 127, 0, 255},
+        {210, 255, 0, 255},   {240, 255, 0, 63},    {249, 76, 38, 47},   {250, 51, 51, 51},
+        {252, 132, 132, 132}, {255, 255, 255, 255},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.index);
@@ -35,14 +34,14 @@ TEST(Color, PaletteFollowsHueBrightnessAndPaleness)
 TEST(Color, NearestIndexIsTheOneThatDrawingsKeepBesideATrueColour)
 {
     const Row rows[] = {
-        { 5, 0, 0, 255 }, { 18, 0, 0, 0 }, { 7, 255, 255, 255 }, { 8, 128, 128, 128 },
-        { 8, 120, 120, 120 }, { 253, 160, 160, 164 },
+        {5, 0, 0, 255},     {18, 0, 0, 0},      {7, 255, 255, 255},
+        {8, 128, 128, 128}, {8, 120, 120, 120}, {253, 160, 160, 164},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.index);
         AcCmColor color;
         color.setRGB(static_cast<std::uint8_t>(row.red), static_cast<std::uint8_t>(row.green),
-            static_cast<std::uint8_t>(row.blue));
+                     static_cast<std::uint8_t>(row.blue));
         EXPECT_EQ(color.colorIndex(), row.index);
     }
 }
@@ -50,8 +49,8 @@ TEST(Color, NearestIndexIsTheOneThatDrawingsKeepBesideATrueColour)
 TEST(Color, MethodFollowsTheIndex)
 {
     const std::pair<int, AcCmColor::ColorMethod> rows[] = {
-        { 0, AcCmColor::kByBlock }, { 1, AcCmColor::kByACI }, { 255, AcCmColor::kByACI },
-        { 256, AcCmColor::kByLayer }, { 257, AcCmColor::kNone }, { 300, AcCmColor::kNone },
+        {0, AcCmColor::kByBlock},   {1, AcCmColor::kByACI},  {255, AcCmColor::kByACI},
+        {256, AcCmColor::kByLayer}, {257, AcCmColor::kNone}, {300, AcCmColor::kNone},
     };
     for (const auto& [index, method] : rows) {
         AcCmColor color;

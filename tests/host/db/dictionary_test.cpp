@@ -14,7 +14,8 @@ std::string dictionaryText(const std::string& entries)
 
 std::string recordText(const char* handle)
 {
-    return std::string("0\nXRECORD\n5\n") + handle + "\n330\n400\n100\nAcDbXrecord\n280\n1\n1\n" + handle + "\n";
+    return std::string("0\nXRECORD\n5\n") + handle + "\n330\n400\n100\nAcDbXrecord\n280\n1\n1\n" +
+           handle + "\n";
 }
 
 // A dictionary 400 with these entries and xrecords 401 to 403.
@@ -23,12 +24,13 @@ std::string drawingWith(const std::string& entries)
     DxfDrawing drawing;
     drawing.rootEntry("LIST", "400");
     drawing.object(dictionaryText(entries));
-    for (const char* handle : { "401", "402", "403" })
+    for (const char* handle : {"401", "402", "403"})
         drawing.object(recordText(handle));
     return drawing.text();
 }
 
-const std::string kEntries = "281\n1\n3\nFirst\n360\n401\n3\nsecond\n350\n402\n3\nthird\n350\n403\n";
+const std::string kEntries =
+    "281\n1\n3\nFirst\n360\n401\n3\nsecond\n350\n402\n3\nthird\n350\n403\n";
 
 Acad::ErrorStatus addXrecord(ReadDrawing& read, const wchar_t* name, AcDbObjectId& id)
 {
@@ -41,13 +43,14 @@ Acad::ErrorStatus addXrecord(ReadDrawing& read, const wchar_t* name, AcDbObjectI
 
 TEST(Dictionary, FindsKeysWithoutCaseAndTheFirstOfAKey)
 {
-    ReadDrawing read(drawingWith("3\nStra\xC3\x9F" "e\n350\n401\n3\nDOUBLE\n350\n402\n3\ndouble\n350\n403\n"
+    ReadDrawing read(drawingWith("3\nStra\xC3\x9F"
+                                 "e\n350\n401\n3\nDOUBLE\n350\n402\n3\ndouble\n350\n403\n"
                                  "3\nnowhere\n350\nABC\n3\nbare\n"));
     AcDbObjectPointer<AcDbDictionary> list(read.idOf("400"), AcDb::kForRead);
     ASSERT_EQ(list.openStatus(), Acad::eOk);
     const std::pair<const wchar_t*, const char*> rows[] = {
-        { L"Double", "402" }, { L"doublE", "402" }, { L"nowhere", "" }, { L"bare", "" },
-        { L"", "" }, { L"other", "" },
+        {L"Double", "402"}, {L"doublE", "402"}, {L"nowhere", ""},
+        {L"bare", ""},      {L"", ""},          {L"other", ""},
     };
     for (const auto& [name, handle] : rows) {
         SCOPED_TRACE(host::toUtf8(name));
@@ -62,11 +65,11 @@ TEST(Dictionary, FindsKeysWithoutCaseAndTheFirstOfAKey)
 TEST(Dictionary, CodeOfANewEntryFollowsTheFlagAndTheNeighbours)
 {
     const std::tuple<const char*, std::string, const char*> rows[] = {
-        { "hard by the flag", "280\n1\n281\n1\n", "360" },
-        { "hard by the flag though the neighbours say soft", "280\n1\n3\nA\n350\n401\n", "360" },
-        { "soft without the flag", "281\n1\n", "350" },
-        { "soft by the flag", "280\n0\n3\nA\n350\n401\n", "350" },
-        { "hard by the neighbours", "3\nA\n360\n401\n", "360" },
+        {"hard by the flag", "280\n1\n281\n1\n", "360"},
+        {"hard by the flag though the neighbours say soft", "280\n1\n3\nA\n350\n401\n", "360"},
+        {"soft without the flag", "281\n1\n", "350"},
+        {"soft by the flag", "280\n0\n3\nA\n350\n401\n", "350"},
+        {"hard by the neighbours", "3\nA\n360\n401\n", "360"},
     };
     for (const auto& [name, entries, code] : rows) {
         SCOPED_TRACE(name);
@@ -74,7 +77,9 @@ TEST(Dictionary, CodeOfANewEntryFollowsTheFlagAndTheNeighbours)
         AcDbObjectId id;
         ASSERT_EQ(addXrecord(read, L"New", id), Acad::eOk);
         const std::string record = read.record(read.idOf("400"));
-        EXPECT_TRUE(record.find("New\n" + std::string(code) + "\n10000\n") != std::string::npos) << record;
+        EXPECT_TRUE(record.find("New\n" + std::string(code) + "\n" + handleText(id) + "\n") !=
+                    std::string::npos)
+            << record;
     }
 }
 
@@ -84,12 +89,13 @@ TEST(Dictionary, NewXrecordIsWrittenWithReactorOwnerAndFlag)
     AcDbObjectId id;
     ASSERT_EQ(addXrecord(read, L"New", id), Acad::eOk);
     EXPECT_EQ(read.record(id),
-        "0\nXRECORD\n5\n10000\n102\n{ACAD_REACTORS\n330\n400\n102\n}\n330\n400\n100\nAcDbXrecord\n280\n1\n");
+              "0\nXRECORD\n5\n" + handleText(id) +
+                  "\n102\n{ACAD_REACTORS\n330\n400\n102\n}\n330\n400\n100\nAcDbXrecord\n280\n1\n");
 }
 
 TEST(Dictionary, NewDictionaryIsWrittenWithItsFlags)
 {
-    for (const bool hard : { false, true }) {
+    for (const bool hard : {false, true}) {
         SCOPED_TRACE(hard);
         ReadDrawing read(drawingWith(kEntries));
         AcDbObjectId id;
@@ -102,8 +108,10 @@ TEST(Dictionary, NewDictionaryIsWrittenWithItsFlags)
             ASSERT_EQ(list->setAt(L"New", made.object(), id), Acad::eOk);
         }
         EXPECT_EQ(read.record(id),
-            std::string("0\nDICTIONARY\n5\n10000\n102\n{ACAD_REACTORS\n330\n400\n102\n}\n330\n400\n"
-                        "100\nAcDbDictionary\n") + (hard ? "280\n1\n" : "") + "281\n1\n");
+                  "0\nDICTIONARY\n5\n" + handleText(id) +
+                      std::string("\n102\n{ACAD_REACTORS\n330\n400\n102\n}\n330\n400\n"
+                                  "100\nAcDbDictionary\n") +
+                      (hard ? "280\n1\n" : "") + "281\n1\n");
     }
 }
 
@@ -114,7 +122,8 @@ TEST(Dictionary, ReplacingKeepsKeyAndPlaceAndErasesTheOldObject)
     ASSERT_EQ(addXrecord(read, L"SECOND", id), Acad::eOk);
     EXPECT_TRUE(read.idOf("402").isErased());
     EXPECT_EQ(read.record(read.idOf("400")),
-        dictionaryText("281\n1\n3\nFirst\n360\n401\n3\nsecond\n350\n10000\n3\nthird\n350\n403\n"));
+              dictionaryText("281\n1\n3\nFirst\n360\n401\n3\nsecond\n350\n" + handleText(id) +
+                             "\n3\nthird\n350\n403\n"));
     const std::string written = read.written();
     EXPECT_EQ(written.find("5\n402\n"), std::string::npos);
 }
@@ -162,7 +171,7 @@ TEST(Dictionary, RenamesAndRemovesOneEntry)
     list.close();
     EXPECT_FALSE(read.idOf("403").isErased());
     EXPECT_EQ(read.record(read.idOf("400")),
-        dictionaryText("281\n1\n3\nfirst\n360\n401\n3\nZweiter\n350\n402\n"));
+              dictionaryText("281\n1\n3\nfirst\n360\n401\n3\nZweiter\n350\n402\n"));
 }
 
 TEST(Dictionary, ErasingTakesTheEntriesAlongAndUndoBringsThemBack)
@@ -174,12 +183,12 @@ TEST(Dictionary, ErasingTakesTheEntriesAlongAndUndoBringsThemBack)
         ASSERT_EQ(list->erase(), Acad::eOk);
     }
     read.drawing().undo.endGroup(read.drawing());
-    for (const char* handle : { "400", "401", "402", "403" })
+    for (const char* handle : {"400", "401", "402", "403"})
         EXPECT_TRUE(read.idOf(handle).isErased()) << handle;
     AcDbObjectId id;
     {
-        AcDbObjectPointer<AcDbDictionary> root(
-            read.database().namedObjectsDictionaryId(), AcDb::kForRead);
+        AcDbObjectPointer<AcDbDictionary> root(read.database().namedObjectsDictionaryId(),
+                                               AcDb::kForRead);
         EXPECT_EQ(root->getAt(L"LIST", id), Acad::eKeyNotFound);
     }
     EXPECT_EQ(read.drawing().undo.undo(read.drawing()), L"ERASE");
@@ -194,7 +203,8 @@ TEST(Dictionary, UndoTakesANewEntryBackAndRedoBringsIt)
     ASSERT_EQ(addXrecord(read, L"New", id), Acad::eOk);
     read.drawing().undo.endGroup(read.drawing());
     read.drawing().undo.undo(read.drawing());
-    EXPECT_TRUE(host::dictionaryEntry(read.drawing(), read.idOf("400").stubNumber(), L"New").isNull());
+    EXPECT_TRUE(
+        host::dictionaryEntry(read.drawing(), read.idOf("400").stubNumber(), L"New").isNull());
     EXPECT_EQ(read.written(), drawingWith(kEntries));
     read.drawing().undo.redo(read.drawing());
     AcDbObjectPointer<AcDbDictionary> list(read.idOf("400"), AcDb::kForRead);
@@ -223,7 +233,8 @@ TEST(Dictionary, StandardDictionaryIsMadeOnce)
     ASSERT_FALSE(made.isNull());
     EXPECT_EQ(host::standardDictionary(read.drawing(), L"acad_group"), made);
     EXPECT_EQ(host::standardDictionary(read.drawing(), L"LIST"), read.idOf("400"));
-    EXPECT_EQ(host::dictionaryKey(read.drawing(), read.drawing().rootDictionary, made.stubNumber()), L"ACAD_GROUP");
+    EXPECT_EQ(host::dictionaryKey(read.drawing(), read.drawing().rootDictionary, made.stubNumber()),
+              L"ACAD_GROUP");
 }
 
 } // namespace

@@ -52,10 +52,10 @@ TEST(HeaderVariables, TypeFollowsTheGroupCode)
 {
     ReadDrawing read(drawingWith(kVariables));
     const std::tuple<const char*, int, int> rows[] = {
-        { "CLAYER", RTSTR, 8 }, { "LIMMIN", RTPOINT, 10 }, { "EXTMIN", RT3DPOINT, 10 },
-        { "LTSCALE", RTREAL, 40 }, { "XCLIPFRAME", RTSHORT, 290 }, { "TREEDEPTH", RTLONG, 90 },
-        { "UCSBASE", RTSTR, 2 }, { "CEPSNID", RTSTR, 5 }, { "ltscale", RTREAL, 40 },
-        { "LUPREC", RTSHORT, 70 },
+        {"CLAYER", RTSTR, 8},    {"LIMMIN", RTPOINT, 10},      {"EXTMIN", RT3DPOINT, 10},
+        {"LTSCALE", RTREAL, 40}, {"XCLIPFRAME", RTSHORT, 290}, {"TREEDEPTH", RTLONG, 90},
+        {"UCSBASE", RTSTR, 2},   {"CEPSNID", RTSTR, 5},        {"ltscale", RTREAL, 40},
+        {"LUPREC", RTSHORT, 70},
     };
     for (const auto& [name, type, code] : rows) {
         SCOPED_TRACE(name);
@@ -66,7 +66,7 @@ TEST(HeaderVariables, TypeFollowsTheGroupCode)
     }
     EXPECT_FALSE(headerVariable(read.drawing(), "LTSCAL"));
     EXPECT_EQ(headerVariable(read.drawing(), "CLAYER")->resval.rstring, L" Roads");
-    EXPECT_EQ(headerVariable(read.drawing(), "EXTMIN")->resval.rpoint, (ads_point { 1, 2, 3 }));
+    EXPECT_EQ(headerVariable(read.drawing(), "EXTMIN")->resval.rpoint, (ads_point{1, 2, 3}));
     EXPECT_EQ(headerVariable(read.drawing(), "TREEDEPTH")->resval.rlong, 3020);
 }
 
@@ -74,19 +74,26 @@ TEST(HeaderVariables, ConvertsWhereNothingIsLost)
 {
     constexpr bool yes = true, no = false;
     const std::tuple<const char*, resbuf, bool> rows[] = {
-        { "LTSCALE", valueOf(RTSHORT, 2), yes }, { "LTSCALE", valueOf(RTREAL, 2.5), yes },
-        { "LTSCALE", textOf(L"2"), no },
-        { "LTSCALE", valueOf(RTREAL, std::numeric_limits<double>::infinity()), no },
-        { "LUPREC", valueOf(RTREAL, 2.0), yes }, { "LUPREC", valueOf(RTREAL, 2.5), no },
-        { "LUPREC", valueOf(RTLONG, 32767), yes }, { "LUPREC", valueOf(RTLONG, 32768), no },
-        { "XCLIPFRAME", valueOf(RTSHORT, 0), yes }, { "XCLIPFRAME", valueOf(RTSHORT, 2), no },
-        { "TREEDEPTH", valueOf(RTSHORT, -1), yes },
-        { "LIMMIN", pointOf(RTPOINT, { 3, 4, 0 }), yes },
-        { "LIMMIN", pointOf(RT3DPOINT, { 3, 4, 0 }), yes },
-        { "LIMMIN", pointOf(RT3DPOINT, { 3, 4, 5 }), no }, { "LIMMIN", valueOf(RTREAL, 1), no },
-        { "EXTMIN", pointOf(RTPOINT, { 3, 4, 9 }), yes }, // of a flat point z says nothing
-        { "CLAYER", textOf(L"0"), yes }, { "CLAYER", valueOf(RTSHORT, 0), no },
-        { "CEPSNID", textOf(L"1F"), yes }, { "CEPSNID", textOf(L"1G"), no },
+        {"LTSCALE", valueOf(RTSHORT, 2), yes},
+        {"LTSCALE", valueOf(RTREAL, 2.5), yes},
+        {"LTSCALE", textOf(L"2"), no},
+        {"LTSCALE", valueOf(RTREAL, std::numeric_limits<double>::infinity()), no},
+        {"LUPREC", valueOf(RTREAL, 2.0), yes},
+        {"LUPREC", valueOf(RTREAL, 2.5), no},
+        {"LUPREC", valueOf(RTLONG, 32767), yes},
+        {"LUPREC", valueOf(RTLONG, 32768), no},
+        {"XCLIPFRAME", valueOf(RTSHORT, 0), yes},
+        {"XCLIPFRAME", valueOf(RTSHORT, 2), no},
+        {"TREEDEPTH", valueOf(RTSHORT, -1), yes},
+        {"LIMMIN", pointOf(RTPOINT, {3, 4, 0}), yes},
+        {"LIMMIN", pointOf(RT3DPOINT, {3, 4, 0}), yes},
+        {"LIMMIN", pointOf(RT3DPOINT, {3, 4, 5}), no},
+        {"LIMMIN", valueOf(RTREAL, 1), no},
+        {"EXTMIN", pointOf(RTPOINT, {3, 4, 9}), yes}, // of a flat point z says nothing
+        {"CLAYER", textOf(L"0"), yes},
+        {"CLAYER", valueOf(RTSHORT, 0), no},
+        {"CEPSNID", textOf(L"1F"), yes},
+        {"CEPSNID", textOf(L"1G"), no},
     };
     for (const auto& [name, value, accepted] : rows) {
         SCOPED_TRACE(std::string(name) + " " + std::to_string(value.restype));
@@ -99,7 +106,7 @@ TEST(HeaderVariables, ConvertsWhereNothingIsLost)
 TEST(HeaderVariables, AChangeTouchesItsValueOnly)
 {
     ReadDrawing read(drawingWith(kVariables));
-    ASSERT_TRUE(setHeaderVariable(read.drawing(), "LIMMIN", 10, pointOf(RTPOINT, { 7.25, 1, 0 })));
+    ASSERT_TRUE(setHeaderVariable(read.drawing(), "LIMMIN", 10, pointOf(RTPOINT, {7.25, 1, 0})));
     ASSERT_TRUE(setHeaderVariable(read.drawing(), "XCLIPFRAME", 290, valueOf(RTSHORT, 0)));
     std::string wanted = drawingWith(kVariables);
     const auto replace = [&](const std::string& from, const std::string& to) {
@@ -118,7 +125,7 @@ TEST(HeaderVariables, AChangeTouchesItsValueOnly)
 TEST(HeaderVariables, EqualValueChangesNothing)
 {
     ReadDrawing read(drawingWith(kVariables));
-    EXPECT_TRUE(setHeaderVariable(read.drawing(), "LIMMIN", 10, pointOf(RTPOINT, { 0.5, 1, 0 })));
+    EXPECT_TRUE(setHeaderVariable(read.drawing(), "LIMMIN", 10, pointOf(RTPOINT, {0.5, 1, 0})));
     EXPECT_TRUE(setHeaderVariable(read.drawing(), "CEPSNID", 5, textOf(L"A")));
     EXPECT_TRUE(setHeaderVariable(read.drawing(), "LUPREC", 70, valueOf(RTREAL, 4.0)));
     EXPECT_EQ(read.written(), drawingWith(kVariables));

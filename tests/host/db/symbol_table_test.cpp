@@ -6,7 +6,8 @@
 
 namespace {
 
-template <class Table> std::unique_ptr<AcDbObjectPointer<Table>> tableOf(AcDbDatabase& database, AcDb::OpenMode mode)
+template <class Table>
+std::unique_ptr<AcDbObjectPointer<Table>> tableOf(AcDbDatabase& database, AcDb::OpenMode mode)
 {
     Table* table = nullptr;
     EXPECT_EQ(database.getSymbolTable(table, mode), Acad::eOk);
@@ -28,8 +29,8 @@ Acad::ErrorStatus addLayer(AcDbDatabase& database, const wchar_t* name, AcDbObje
 std::string threeLayers()
 {
     DxfDrawing drawing;
-    drawing.layer("Roads", 0, 1); // 100
-    drawing.layer("ROADS", 4, 2); // 101
+    drawing.layer("Roads", 0, 1);  // 100
+    drawing.layer("ROADS", 4, 2);  // 101
     drawing.layer("water", 5, -5); // 102
     drawing.line("water");
     drawing.line("roads");
@@ -40,8 +41,9 @@ TEST(SymbolTable, FindsNamesWithoutCaseAndTheFirstOfAName)
 {
     ReadDrawing read(threeLayers());
     const auto table = tableOf<AcDbLayerTable>(read.database(), AcDb::kForRead);
-    const std::pair<const wchar_t*, const char*> rows[]
-        = { { L"roads", "100" }, { L"Roads", "100" }, { L"WATER", "102" }, { L"0", "10" }, { L"", "" }, { L"rail", "" } };
+    const std::pair<const wchar_t*, const char*> rows[] = {{L"roads", "100"}, {L"Roads", "100"},
+                                                           {L"WATER", "102"}, {L"0", "10"},
+                                                           {L"", ""},         {L"rail", ""}};
     for (const auto& [name, handle] : rows) {
         SCOPED_TRACE(host::toUtf8(name));
         AcDbObjectId id;
@@ -116,8 +118,9 @@ TEST(SymbolTable, AddsACompleteRecordAndRefusesNames)
     EXPECT_EQ(read.written(), threeLayers());
     ASSERT_EQ(addLayer(read.database(), L"Rail", id), Acad::eOk);
     EXPECT_EQ(read.record(id),
-        "0\nLAYER\n5\n10000\n330\n2\n100\nAcDbSymbolTableRecord\n100\nAcDbLayerTableRecord\n"
-        "2\nRail\n70\n0\n62\n7\n6\nContinuous\n370\n-3\n");
+              "0\nLAYER\n5\n" + handleText(id) +
+                  "\n330\n2\n100\nAcDbSymbolTableRecord\n100\nAcDbLayerTableRecord\n"
+                  "2\nRail\n70\n0\n62\n7\n6\nContinuous\n370\n-3\n");
     EXPECT_EQ(addLayer(read.database(), L"RAIL", id), Acad::eDuplicateKey);
     ReadDrawing again(read.written());
     EXPECT_FALSE(host::findSymbol(again.drawing(), "LAYER", L"rail").isNull());

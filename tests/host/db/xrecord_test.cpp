@@ -11,8 +11,8 @@ namespace {
 
 std::string xrecordText(const std::string& behindMarker)
 {
-    return "0\nXRECORD\n5\n500\n102\n{ACAD_REACTORS\n330\nC\n102\n}\n330\nC\n100\nAcDbXrecord\n"
-        + behindMarker;
+    return "0\nXRECORD\n5\n500\n102\n{ACAD_REACTORS\n330\nC\n102\n}\n330\nC\n100\nAcDbXrecord\n" +
+           behindMarker;
 }
 
 std::string drawingWith(const std::string& behindMarker, std::string_view version = "AC1015")
@@ -80,15 +80,15 @@ TEST(Xrecord, PayloadBeginsBehindTheCloningFlagOrAtIt)
         std::vector<int> codes;
     };
     const Row rows[] = {
-        { "AC1015", "280\n1\n1\nA\n", { 1 } },
-        { "AC1015", "1\nA\n280\n1\n", { 1, 280 } }, // written without the flag
-        { "AC1015", "280\n1\n", {} },
-        { "AC1015", "", {} },
-        { "AC1012", "280\n1\n1\nA\n", { 280, 1 } },
-        { "AC1014", "90\n5\n", { 90 } },
+        {"AC1015", "280\n1\n1\nA\n", {1}},
+        {"AC1015", "1\nA\n280\n1\n", {1, 280}}, // written without the flag
+        {"AC1015", "280\n1\n", {}},
+        {"AC1015", "", {}},
+        {"AC1012", "280\n1\n1\nA\n", {280, 1}},
+        {"AC1014", "90\n5\n", {90}},
         // what ends other records' parts is payload here
-        { "AC1032", "280\n1\n102\nX\n330\nC\n100\nY\n1000\nZ\n", { 102, 330, 100, 1000 } },
-        { "AC1032", "280\n1\n101\nEmbedded Object\n70\n1\n", { 101, 70 } },
+        {"AC1032", "280\n1\n102\nX\n330\nC\n100\nY\n1000\nZ\n", {102, 330, 100, 1000}},
+        {"AC1032", "280\n1\n101\nEmbedded Object\n70\n1\n", {101, 70}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(std::string(row.version) + " " + row.behindMarker);
@@ -106,10 +106,10 @@ TEST(Xrecord, PointsAreOneItem)
                                  "10\n6.0\n40\n7.0\n30\n8.0\n"));
     const ResbufChain chain = chainOf(read);
     ASSERT_EQ(chain.size(), 5u);
-    EXPECT_EQ(chain[0].resval.rpoint, (ads_point { 1, 2, 3 }));
+    EXPECT_EQ(chain[0].resval.rpoint, (ads_point{1, 2, 3}));
     EXPECT_EQ(chain[1].restype, 11);
-    EXPECT_EQ(chain[1].resval.rpoint, (ads_point { 4, 5, 0 })); // flat
-    EXPECT_EQ(chain[2].resval.rpoint, (ads_point { 6, 0, 0 })); // its y is missing
+    EXPECT_EQ(chain[1].resval.rpoint, (ads_point{4, 5, 0})); // flat
+    EXPECT_EQ(chain[2].resval.rpoint, (ads_point{6, 0, 0})); // its y is missing
     EXPECT_EQ(chain[3].resval.rreal, 7.0);
     EXPECT_EQ(chain[4].restype, 30); // a z without a point
     EXPECT_EQ(chain[4].resval.rreal, 8.0);
@@ -126,17 +126,17 @@ TEST(Xrecord, ValuesComeInTheTypeOfTheirCode)
     EXPECT_EQ(chain[2].resval.rlong, 70000);
     EXPECT_EQ(chain[3].resval.mnInt64, 5000000000);
     EXPECT_EQ(chain[4].resval.rint, 1);
-    EXPECT_EQ(chain[5].resval.rbinary, (std::vector<std::uint8_t> { 0x00, 0xFF, 0x7A }));
+    EXPECT_EQ(chain[5].resval.rbinary, (std::vector<std::uint8_t>{0x00, 0xFF, 0x7A}));
     EXPECT_EQ(chain[6].resval.rstring, L"C");
 }
 
 // The numbers are written as no writer of ours would: what is set to an equal value must not show.
 TEST(Xrecord, EqualItemsKeepTheirBytes)
 {
-    const std::string payload
-        = "280\n1\n  1\nfirst\n 40\n1.500\n 10\n1\n 20\n2\n999\nremark\n 70\n   7\n  1\nlast\n";
-    const ResbufChain same { textItem(1, L"first"), realItem(40, 1.5), pointItem(10, { 1, 2, 0 }),
-        shortItem(70, 7), textItem(1, L"last") };
+    const std::string payload =
+        "280\n1\n  1\nfirst\n 40\n1.500\n 10\n1\n 20\n2\n999\nremark\n 70\n   7\n  1\nlast\n";
+    const ResbufChain same{textItem(1, L"first"), realItem(40, 1.5), pointItem(10, {1, 2, 0}),
+                           shortItem(70, 7), textItem(1, L"last")};
     struct Row {
         const char* name;
         ResbufChain chain;
@@ -148,17 +148,18 @@ TEST(Xrecord, EqualItemsKeepTheirBytes)
     longer.insert(longer.begin() + 1, textItem(3, L"new"));
     ResbufChain shorter = same;
     shorter.erase(shorter.begin() + 2);
-    ResbufChain swapped { same[1], same[0], same[2], same[3], same[4] };
+    ResbufChain swapped{same[1], same[0], same[2], same[3], same[4]};
     const Row rows[] = {
-        { "same", same, payload },
-        { "changed", changed,
-            "280\n1\n  1\nfirst\n 40\n1.500\n 10\n1\n 20\n2\n999\nremark\n 70\n8\n  1\nlast\n" },
-        { "longer", longer,
-            "280\n1\n  1\nfirst\n  3\nnew\n 40\n1.500\n 10\n1\n 20\n2\n999\nremark\n 70\n   7\n  1\nlast\n" },
-        { "shorter", shorter, "280\n1\n  1\nfirst\n 40\n1.500\n999\nremark\n 70\n   7\n  1\nlast\n" },
-        { "swapped", swapped,
-            "280\n1\n 40\n1.500\n  1\nfirst\n 10\n1\n 20\n2\n999\nremark\n 70\n   7\n  1\nlast\n" },
-        { "empty", {}, "280\n1\n" },
+        {"same", same, payload},
+        {"changed", changed,
+         "280\n1\n  1\nfirst\n 40\n1.500\n 10\n1\n 20\n2\n999\nremark\n 70\n8\n  1\nlast\n"},
+        {"longer", longer,
+         "280\n1\n  1\nfirst\n  3\nnew\n 40\n1.500\n 10\n1\n 20\n2\n999\nremark\n 70\n   7\n  "
+         "1\nlast\n"},
+        {"shorter", shorter, "280\n1\n  1\nfirst\n 40\n1.500\n999\nremark\n 70\n   7\n  1\nlast\n"},
+        {"swapped", swapped,
+         "280\n1\n 40\n1.500\n  1\nfirst\n 10\n1\n 20\n2\n999\nremark\n 70\n   7\n  1\nlast\n"},
+        {"empty", {}, "280\n1\n"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -187,14 +188,21 @@ TEST(Xrecord, WritesAndReadsBackEveryKind)
     const std::wstring longText(3000, L'\u00E4');
     resbuf binary;
     binary.restype = 310;
-    binary.resval.rbinary = { 1, 2, 255 };
+    binary.resval.rbinary = {1, 2, 255};
     resbuf large;
     large.restype = 160;
     large.resval.mnInt64 = -5000000000;
-    const ResbufChain chain { textItem(1, longText.c_str()), textItem(1, L"two\nlines\t^"),
-        textItem(2, L""), realItem(40, 0.1), pointItem(10, { 1e-9, -2, 1e22 }),
-        shortItem(280, 0), shortItem(290, 1), binary, large, textItem(330, L"1F"),
-        textItem(102, L"{X") };
+    const ResbufChain chain{textItem(1, longText.c_str()),
+                            textItem(1, L"two\nlines\t^"),
+                            textItem(2, L""),
+                            realItem(40, 0.1),
+                            pointItem(10, {1e-9, -2, 1e22}),
+                            shortItem(280, 0),
+                            shortItem(290, 1),
+                            binary,
+                            large,
+                            textItem(330, L"1F"),
+                            textItem(102, L"{X")};
     ASSERT_EQ(setChain(read, chain), Acad::eOk);
     ReadDrawing again(read.written());
     const ResbufChain back = chainOf(again);
@@ -203,7 +211,7 @@ TEST(Xrecord, WritesAndReadsBackEveryKind)
     EXPECT_EQ(back[1].resval.rstring, L"two\nlines\t^");
     EXPECT_EQ(back[2].resval.rstring, L"");
     EXPECT_EQ(back[3].resval.rreal, 0.1);
-    EXPECT_EQ(back[4].resval.rpoint, (ads_point { 1e-9, -2, 1e22 }));
+    EXPECT_EQ(back[4].resval.rpoint, (ads_point{1e-9, -2, 1e22}));
     EXPECT_EQ(back[5].resval.rint, 0);
     EXPECT_EQ(back[7].resval.rbinary, binary.resval.rbinary);
     EXPECT_EQ(back[8].resval.mnInt64, -5000000000);
@@ -216,39 +224,39 @@ TEST(Xrecord, RefusesWhatWouldBreakTheFile)
     chunk.restype = 310;
     chunk.resval.rbinary.resize(128);
     const std::pair<const char*, resbuf> rows[] = {
-        { "a record's beginning", textItem(0, L"LINE") },
-        { "a comment", textItem(999, L"x") },
-        { "a negative code", textItem(-3, L"x") },
-        { "a code beyond all", textItem(1072, L"x") },
-        { "no number", realItem(40, std::numeric_limits<double>::quiet_NaN()) },
-        { "no end", pointItem(10, { 0, std::numeric_limits<double>::infinity(), 0 }) },
-        { "no truth value", shortItem(290, 2) },
-        { "no handle", textItem(330, L"1G") },
-        { "an empty handle", textItem(330, L"") },
-        { "a long chunk", chunk },
+        {"a record's beginning", textItem(0, L"LINE")},
+        {"a comment", textItem(999, L"x")},
+        {"a negative code", textItem(-3, L"x")},
+        {"a code beyond all", textItem(1072, L"x")},
+        {"no number", realItem(40, std::numeric_limits<double>::quiet_NaN())},
+        {"no end", pointItem(10, {0, std::numeric_limits<double>::infinity(), 0})},
+        {"no truth value", shortItem(290, 2)},
+        {"no handle", textItem(330, L"1G")},
+        {"an empty handle", textItem(330, L"")},
+        {"a long chunk", chunk},
     };
     for (const auto& [name, item] : rows) {
         SCOPED_TRACE(name);
         ReadDrawing read(drawingWith("280\n1\n1\nA\n"));
-        EXPECT_EQ(setChain(read, { textItem(1, L"B"), item }), Acad::eInvalidInput);
+        EXPECT_EQ(setChain(read, {textItem(1, L"B"), item}), Acad::eInvalidInput);
         EXPECT_EQ(read.written(), drawingWith("280\n1\n1\nA\n"));
     }
 }
 
 TEST(Xrecord, NewRecordHasTheFlagThatItsVersionKnows)
 {
-    const std::pair<const char*, bool> rows[]
-        = { { "AC1012", false }, { "AC1014", false }, { "AC1015", true }, { "AC1032", true } };
+    const std::pair<const char*, bool> rows[] = {
+        {"AC1012", false}, {"AC1014", false}, {"AC1015", true}, {"AC1032", true}};
     for (const auto& [version, flag] : rows) {
         SCOPED_TRACE(version);
         ReadDrawing read(drawingWith("280\n1\n", version));
         AcDbObjectId id;
         {
-            AcDbObjectPointer<AcDbDictionary> root(
-                read.database().namedObjectsDictionaryId(), AcDb::kForWrite);
+            AcDbObjectPointer<AcDbDictionary> root(read.database().namedObjectsDictionaryId(),
+                                                   AcDb::kForWrite);
             AcDbObjectPointer<AcDbXrecord> record;
             record.create();
-            ASSERT_EQ(record->setFromRbChain({ shortItem(280, 5) }), Acad::eOk);
+            ASSERT_EQ(record->setFromRbChain({shortItem(280, 5)}), Acad::eOk);
             ASSERT_EQ(root->setAt(L"NEW", record.object(), id), Acad::eOk);
         }
         const std::string text = read.record(id);

@@ -58,9 +58,9 @@ TEST_F(PromptsTest, IntegersAreRefusedByTheirConditions)
 TEST_F(PromptsTest, KeywordsAnswerByTheirCapitals)
 {
     const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-        {L"y", L"Yes"},     {L"YE", L"Yes"},   {L"no", L"No"},     {L"x", L"eXit"},
-        {L"exit", L"eXit"}, {L"lt", L"LType"}, {L"ltyp", L"LType"}, {L"la", L"LAYER"},
-        {L"_No", L"No"},
+        {L"y", L"Yes"},      {L"YE", L"Yes"},    {L"no", L"No"},
+        {L"x", L"eXit"},     {L"exit", L"eXit"}, {L"lt", L"LType"},
+        {L"ltyp", L"LType"}, {L"la", L"LAYER"},  {L"_No", L"No"},
     };
     for (const auto& [typed, keyword] : cases) {
         run(
@@ -101,13 +101,20 @@ TEST_F(PromptsTest, PointsAreAbsoluteRelativeAndPolar)
         std::optional<AcGePoint3d> point;
     };
     const Case cases[] = {
-        {L"1,2", AcGePoint3d(1, 2, 7)},       {L"1,2,3", AcGePoint3d(1, 2, 3)},
-        {L"-1.5,2e1", AcGePoint3d(-1.5, 20, 7)}, {L"@1,2", AcGePoint3d(11, 22, 5)},
-        {L"@1,2,3", AcGePoint3d(11, 22, 8)},  {L"@", last},
-        {L"@2<90", AcGePoint3d(10, 22, 5)},   {L"3<180", AcGePoint3d(-3, 0, 7)},
-        {L"1", std::nullopt},                 {L"1,", std::nullopt},
-        {L"1,2,3,4", std::nullopt},           {L"1,b", std::nullopt},
-        {L"@<5", std::nullopt},               {L"", std::nullopt},
+        {L"1,2", AcGePoint3d(1, 2, 7)},
+        {L"1,2,3", AcGePoint3d(1, 2, 3)},
+        {L"-1.5,2e1", AcGePoint3d(-1.5, 20, 7)},
+        {L"@1,2", AcGePoint3d(11, 22, 5)},
+        {L"@1,2,3", AcGePoint3d(11, 22, 8)},
+        {L"@", last},
+        {L"@2<90", AcGePoint3d(10, 22, 5)},
+        {L"3<180", AcGePoint3d(-3, 0, 7)},
+        {L"1", std::nullopt},
+        {L"1,", std::nullopt},
+        {L"1,2,3,4", std::nullopt},
+        {L"1,b", std::nullopt},
+        {L"@<5", std::nullopt},
+        {L"", std::nullopt},
     };
     for (const Case& each : cases) {
         const std::optional<AcGePoint3d> found = host::typedPoint(each.typed, last, 7.0);

@@ -106,8 +106,7 @@ TEST_F(SelectionTest, GoesByWhatIsDrawn)
 
 TEST_F(SelectionTest, TellsWhatWasFound)
 {
-    EXPECT_EQ(pick(L"l\nall\n" + handent(flat_) + L"\nzz\nr\n5,0\na\np\n\n"),
-              (Ids{far_, arc_}));
+    EXPECT_EQ(pick(L"l\nall\n" + handent(flat_) + L"\nzz\nr\n5,0\na\np\n\n"), (Ids{far_, arc_}));
     EXPECT_EQ(shown_,
               L"pick\nSelect objects: l\n1 found\nSelect objects: all\n3 found (1 duplicate), 3 "
               L"total\nSelect objects: " +
@@ -168,12 +167,24 @@ TEST_F(SelectionTest, ByHandentRefusesWhatIsNoLivingEntity)
 
 TEST_F(SelectionTest, APauseLastsForTheWholeSelection)
 {
-    command(L"CALLS", [] {
-        acedCommand({host::textToken(L"PICK"), host::textToken(L"\\")});
-    });
+    command(L"CALLS", [] { acedCommand({host::textToken(L"PICK"), host::textToken(L"\\")}); });
     type(L"calls\nl\n5,0\n\n");
     EXPECT_EQ(picked, (Ids{far_, flat_}));
     EXPECT_EQ(session().engine().waiting().kind, host::WaitKind::command);
+}
+
+TEST_F(SelectionTest, TakesEntitiesAndSetsFromACaller)
+{
+    static ResbufChain chain;
+    ads_name arc{};
+    acdbGetAdsName(arc, arc_);
+    chain = {host::textToken(L"PICK"), host::entityToken(arc),
+             host::selectionToken(host::makeSelectionSet({far_, flat_})), host::textToken(L"")};
+    command(L"CALLS", [] { acedCommand(chain); });
+    resbuf off{static_cast<short>(RTSHORT), {}};
+    acedSetVar(L"CMDECHO", off);
+    EXPECT_EQ(transcript(L"calls\n"), L"calls\nCommand: "); // not even "1 found"
+    EXPECT_EQ(picked, (Ids{arc_, far_, flat_}));
 }
 
 TEST_F(SelectionTest, SetsAreAskedForByMode)

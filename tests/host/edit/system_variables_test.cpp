@@ -30,10 +30,10 @@ using SystemVariablesTest = CommandTest;
 TEST_F(SystemVariablesTest, HaveTheTypesOfTheirHome)
 {
     const std::pair<const wchar_t*, int> cases[] = {
-        {L"LUPREC", RTSHORT},   {L"luprec", RTSHORT},     {L"LTSCALE", RTREAL},
+        {L"LUPREC", RTSHORT},   {L"luprec", RTSHORT},      {L"LTSCALE", RTREAL},
         {L"CLAYER", RTSTR},     {L"LASTPOINT", RT3DPOINT}, {L"CMDECHO", RTSHORT},
-        {L"DWGNAME", RTSTR},    {L"USERR3", RTREAL},      {L"USERS1", RTSTR},
-        {L"INSUNITS", RTSHORT}, {L"CDATE", RTREAL},       {L"HANDSEED", RTSTR},
+        {L"DWGNAME", RTSTR},    {L"USERR3", RTREAL},       {L"USERS1", RTSTR},
+        {L"INSUNITS", RTSHORT}, {L"CDATE", RTREAL},        {L"HANDSEED", RTSTR},
         {L"EXTMIN", RT3DPOINT}, {L"LIMMIN", RTPOINT},
     };
     for (const auto& [name, type] : cases) {
@@ -54,13 +54,13 @@ TEST_F(SystemVariablesTest, TakeTheirOwnTypeAndShortsForWiderNumbers)
         int result;
     };
     const Case cases[] = {
-        {L"LUPREC", shortOf(6), RTNORM},     {L"LUPREC", realOf(6), RTERROR},
-        {L"LUPREC", textOf(L"6"), RTERROR},  {L"LUPREC", shortOf(9), RTERROR},
-        {L"LUPREC", shortOf(-1), RTERROR},   {L"LTSCALE", realOf(2.5), RTNORM},
-        {L"LTSCALE", shortOf(3), RTNORM},    {L"LTSCALE", realOf(0.0), RTERROR},
-        {L"CLAYER", textOf(L"0"), RTNORM},   {L"CLAYER", textOf(L"nowhere"), RTERROR},
-        {L"CLAYER", shortOf(0), RTERROR},    {L"USERS1", textOf(L"a b"), RTNORM},
-        {L"CMDNAMES", textOf(L"x"), RTERROR}, {L"HANDSEED", textOf(L"1"), RTERROR},
+        {L"LUPREC", shortOf(6), RTNORM},          {L"LUPREC", realOf(6), RTERROR},
+        {L"LUPREC", textOf(L"6"), RTERROR},       {L"LUPREC", shortOf(9), RTERROR},
+        {L"LUPREC", shortOf(-1), RTERROR},        {L"LTSCALE", realOf(2.5), RTNORM},
+        {L"LTSCALE", shortOf(3), RTNORM},         {L"LTSCALE", realOf(0.0), RTERROR},
+        {L"CLAYER", textOf(L"0"), RTNORM},        {L"CLAYER", textOf(L"nowhere"), RTERROR},
+        {L"CLAYER", shortOf(0), RTERROR},         {L"USERS1", textOf(L"a b"), RTNORM},
+        {L"CMDNAMES", textOf(L"x"), RTERROR},     {L"HANDSEED", textOf(L"1"), RTERROR},
         {L"NOSUCHVARIABLE", shortOf(1), RTERROR},
     };
     for (const Case& each : cases)

@@ -28,8 +28,8 @@ protected:
         });
         command(L"SAVES", [] {
             CAcUiFileDialog dialog(false, L"txt", L"",
-                                   OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_CREATEPROMPT,
-                                   L"", nullptr);
+                                   OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_CREATEPROMPT, L"",
+                                   nullptr);
             outcome = dialog.DoModal();
             chosen = dialog.GetPathName();
         });

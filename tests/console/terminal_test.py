@@ -1,0 +1,119 @@
+"""The program at a terminal: editing, history, completion, cancel, the end."""
+
+import os
+import pty
+import select
+import time
+
+import console_program
+from console_program import ConsoleTest, drawing, line
+
+PATIENCE = 20  # seconds
+
+
+class Terminal(ConsoleTest):
+    def start(self, *arguments):
+        child, self.terminal = pty.fork()
+        if child == 0:
+            os.chdir(self.folder)
+            os.execve(console_program.PROGRAM, [console_program.PROGRAM, *arguments], self.environment)
+        self.child = child
+        self.addCleanup(os.close, self.terminal)
+        self.shown = ""
+
+    def wait_for(self, text):
+        """What was shown up to this text, since the last call."""
+        until = time.monotonic() + PATIENCE
+        while text not in self.shown and time.monotonic() < until:
+            if not select.select([self.terminal], [], [], 0.2)[0]:
+                continue
+            try:
+                self.shown += os.read(self.terminal, 4096).decode()
+            except OSError:  # the program has ended
+                break
+        self.assertIn(text, self.shown)
+        end = self.shown.index(text) + len(text)
+        shown, self.shown = self.shown[:end], self.shown[end:]
+        return shown
+
+    def type(self, text):
+        os.write(self.terminal, text.encode())
+
+    def end(self):
+        until = time.monotonic() + PATIENCE
+        while time.monotonic() < until:
+            child, status = os.waitpid(self.child, os.WNOHANG)
+            if child:
+                return os.waitstatus_to_exitcode(status)
+            time.sleep(0.05)
+        self.fail("the program has not ended")
+
+    def test_answers_are_shown_once(self):
+        self.start()
+        self.wait_for("Command: ")
+        self.type("LUPREC\r")
+        self.assertEqual(self.wait_for("<4>: "), "LUPREC\r\nEnter new value for LUPREC <4>: ")
+        self.type("6\r")
+        self.assertEqual(self.wait_for("Command: "), "6\r\nCommand: ")
+        self.type("\x04")
+        self.assertEqual(self.end(), 0)
+
+    def test_interrupt_cancels_the_command_and_the_line(self):
+        self.write("a.dxf", drawing(line()))
+        self.start("a.dxf")
+        self.wait_for("Command: ")
+        self.type("ERASE\rALL\r")
+        self.wait_for("1 found\r\nSelect objects: ")
+        self.type("half\x03")
+        self.wait_for("*Cancel*\r\nCommand: ")
+        self.type("SELECT\rALL\r\r")
+        self.wait_for("1 found\r\n")
+        self.wait_for("Command: ")
+        self.type("QUIT\r")
+        self.assertEqual(self.end(), 0)
+
+    def test_enter_alone_repeats_the_last_command(self):
+        self.start()
+        self.wait_for("Command: ")
+        self.type("REGEN\r")
+        self.wait_for("Regenerating model.\r\nCommand: ")
+        self.type("\r")
+        self.wait_for("Regenerating model.\r\nCommand: ")
+        self.type("\x04")
+        self.assertEqual(self.end(), 0)
+
+    def test_tab_completes_commands_variables_and_keywords(self):
+        self.start()
+        self.wait_for("Command: ")
+        self.type("rege\t\r")
+        self.wait_for("Regenerating model.\r\nCommand: ")
+        self.type("lupr\t\r")
+        self.wait_for("Enter new value for LUPREC <4>: ")
+        self.type("\r")
+        self.wait_for("Command: ")
+        self.type("-LAYER\r")
+        self.wait_for("Unlock]: ")
+        self.type("ma\t\r")
+        self.wait_for("(becomes the current layer)")
+        self.type("\x03\x04")
+        self.assertEqual(self.end(), 0)
+
+    def test_lines_come_back_also_in_the_next_session(self):
+        self.start()
+        self.wait_for("Command: ")
+        self.type("REGEN\r")
+        self.wait_for("Regenerating model.\r\nCommand: ")
+        self.type("\x1b[A\r")
+        self.wait_for("Regenerating model.\r\nCommand: ")
+        self.type("\x04")
+        self.assertEqual(self.end(), 0)
+        self.start()
+        self.wait_for("Command: ")
+        self.type("\x10\r")
+        self.wait_for("Regenerating model.\r\nCommand: ")
+        self.type("\x04")
+        self.assertEqual(self.end(), 0)
+
+
+if __name__ == "__main__":
+    console_program.main()
