@@ -57,11 +57,11 @@ public:
     explicit Console(const Files& files)
         : session_({ .output = [this](std::wstring_view text) { printed_ += text; }, .profile = files.copy.parent_path() / "profile" })
     {
-        theKelmaroApp().dispatch(AcRx::kInitAppMsg, nullptr);
+        plugin_.dispatch(AcRx::kInitAppMsg, nullptr);
         type(L"OPEN \"" + files.drawing.wstring() + L"\"\n");
         type(L"KELMARO_LOAD " + files.description.wstring() + L"\n");
     }
-    ~Console() { theKelmaroApp().dispatch(AcRx::kUnloadAppMsg, nullptr); }
+    ~Console() { plugin_.dispatch(AcRx::kUnloadAppMsg, nullptr); }
 
     void type(const std::wstring& text)
     {
@@ -73,6 +73,7 @@ public:
 private:
     std::wstring printed_;
     host::HostSession session_;
+    CkelmaroApp plugin_;
 };
 
 std::function<void()> scan(const Files& files)

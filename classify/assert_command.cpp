@@ -41,7 +41,7 @@ void selectIllegalValues()
         const std::vector<OdRecord> records = tables.recordsOf(entity);
         return std::any_of(records.begin(), records.end(), [&](const OdRecord& record) {
             const ObjectDef* const object = objectOfRecord(description, record, tables);
-            return object && !validateObject(description, tables, entity, object->props.name,
+            return object && !validateObject(description, tables, records, object->props.name,
                                              Values::legal, fields);
         });
     });

@@ -35,10 +35,12 @@ void selectClassified()
     const Description& description = frame.description();
     StoredTables tables(currentStore());
     keepIf(entities, [&](AcDbObjectId entity) {
-        const std::vector<const ObjectDef*> objects = objectsOfEntity(description, tables, entity);
+        const std::vector<OdRecord> records = tables.recordsOf(entity);
+        const std::vector<const ObjectDef*> objects =
+            objectsOfRecords(description, tables, records);
         const bool classified =
             std::any_of(objects.begin(), objects.end(), [&](const ObjectDef* object) {
-                return validateObject(description, tables, entity, object->props.name, Values::any,
+                return validateObject(description, tables, records, object->props.name, Values::any,
                                       Fields::all);
             });
         return classified == (match != 0);

@@ -68,7 +68,7 @@ bool someRecordPasses(const Description& description, StoredTables& tables, AcDb
         if (answers.useProperties && !conforms(description, entity, name))
             return false;
         return !answers.useObjects ||
-               validateObject(description, tables, entity, name, Values::any, Fields::all);
+               validateObject(description, tables, records, name, Values::any, Fields::all);
     });
 }
 

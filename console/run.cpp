@@ -61,12 +61,15 @@ bool openDrawings(host::HostSession& session, const Arguments& arguments)
 {
     for (const std::string& drawing : arguments.drawings) {
         std::wstring message;
-        if (!session.documents().openDocument(existingPath(drawing), arguments.readOnly, message)) {
+        const AcApDocument* const document =
+            session.documents().openDocument(existingPath(drawing), arguments.readOnly, message);
+        if (!document) {
             reportTrouble(message);
             return false;
         }
-        if (!message.empty())
-            session.output().print(message + L"\n");
+        for (const std::wstring& note : {message, host::warningLine(*document)})
+            if (!note.empty())
+                session.output().print(note + L"\n");
     }
     if (arguments.newDrawing || arguments.drawings.empty())
         session.documents().newDocument();

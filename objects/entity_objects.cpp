@@ -5,11 +5,11 @@
 
 #include <map>
 
-std::vector<const ObjectDef*> objectsOfEntity(const Description& description, StoredTables& tables,
-                                              AcDbObjectId entity)
+std::vector<const ObjectDef*> objectsOfRecords(const Description& description, StoredTables& tables,
+                                               std::span<const OdRecord> records)
 {
     std::map<std::wstring, const ObjectDef*> byName;
-    for (const OdRecord& record : tables.recordsOf(entity))
+    for (const OdRecord& record : records)
         if (const ObjectDef* const object = objectOfRecord(description, record, tables))
             byName.emplace(host::lowerCased(object->props.name), object);
 

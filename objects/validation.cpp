@@ -28,7 +28,7 @@ bool fieldIsLegal(const FieldDef& field, const ObjectDef& object, const OdTable&
 // What is asked of an entity whose records have been read.
 struct Examination {
     StoredTables& tables;
-    const std::vector<OdRecord>& records;
+    std::span<const OdRecord> records;
     Values values;
     Fields fields;
 
@@ -112,7 +112,13 @@ bool valueAccepted(const FieldDef& field, const ObjectDef& object, const OdValue
 bool validateObject(const Description& description, StoredTables& tables, AcDbObjectId entity,
                     std::wstring_view name, Values values, Fields fields)
 {
-    const std::vector<OdRecord> records = tables.recordsOf(entity);
+    return validateObject(description, tables, tables.recordsOf(entity), name, values, fields);
+}
+
+bool validateObject(const Description& description, StoredTables& tables,
+                    std::span<const OdRecord> records, std::wstring_view name, Values values,
+                    Fields fields)
+{
     return !records.empty() && Examination{tables, records, values, fields}.has(description, name);
 }
 

@@ -3,6 +3,7 @@
 #include "description/description.h"
 #include "objects/stored_tables.h"
 
+#include <span>
 #include <string_view>
 
 // Whether the records of an entity are right. Nothing is changed or printed.
@@ -18,6 +19,11 @@ bool valueAccepted(const FieldDef& field, const ObjectDef& object, const OdValue
 // has the name, an object of the class of that name will do; its values are not tested.
 bool validateObject(const Description& description, StoredTables& tables, AcDbObjectId entity,
                     std::wstring_view name, Values values, Fields fields);
+
+// The same of an entity whose records have been read.
+bool validateObject(const Description& description, StoredTables& tables,
+                    std::span<const OdRecord> records, std::wstring_view name, Values values,
+                    Fields fields);
 
 // The entity is an object of the class or of a class below it; values are not tested.
 bool classValid(const Description& description, StoredTables& tables, AcDbObjectId entity,

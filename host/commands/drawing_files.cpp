@@ -2,6 +2,7 @@
 
 #include "host/edit/command_line.h"
 #include "host/edit/document.h"
+#include "host/files/paths.h"
 
 namespace host {
 
@@ -22,8 +23,9 @@ bool tellOutcome(bool done, const std::wstring& message)
 bool openDrawing(const std::filesystem::path& path)
 {
     std::wstring message;
-    const bool done = acDocManagerPtr()->openDocument(path, false, message) != nullptr;
-    return tellOutcome(done, message);
+    const AcApDocument* const document = acDocManagerPtr()->openDocument(path, false, message);
+    tellOutcome(document != nullptr, message);
+    return document && tellOutcome(true, warningLine(*document));
 }
 
 bool saveDrawing(AcApDocument& document, const std::filesystem::path& path)
@@ -33,6 +35,17 @@ bool saveDrawing(AcApDocument& document, const std::filesystem::path& path)
     return tellOutcome(done, message);
 }
 
-int drawingFailures() { return failures; }
+std::wstring warningLine(const AcApDocument& document)
+{
+    std::wstring line;
+    for (const std::wstring& warning : document.database()->warnings())
+        line += (line.empty() ? fileNameOf(document.fileName()) + L": " : L"; ") + warning;
+    return line;
+}
+
+int drawingFailures()
+{
+    return failures;
+}
 
 } // namespace host

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 class AcApDocument;
 
@@ -10,6 +11,10 @@ namespace host {
 // was saved differently than read is printed. False when nothing was opened or saved.
 bool openDrawing(const std::filesystem::path& path);
 bool saveDrawing(AcApDocument& document, const std::filesystem::path& path);
+
+// "plan.dxf: 1 record without a handle; it was given one": what was wrong in the drawing's file and
+// was kept, in one line; empty where nothing was.
+std::wstring warningLine(const AcApDocument& document);
 
 // How often one of them failed while the program runs.
 int drawingFailures();

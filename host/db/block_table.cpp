@@ -107,13 +107,14 @@ template <class Change> Acad::ErrorStatus AcDbBlockTableRecord::changeBegin(Chan
 
 bool AcDbBlockTableRecord::isAnonymous() const
 {
-    const std::wstring own = name();
-    return own.starts_with(L'*') && !isSpaceName(own);
+    return name().starts_with(L'*') && !isLayout();
 }
 
 bool AcDbBlockTableRecord::isLayout() const
 {
-    return isSpaceName(host::spaceNameOf(name()));
+    const bool open = drawing() && (stubNumber() == drawing()->modelSpace ||
+                                    stubNumber() == drawing()->paperSpace);
+    return open || isSpaceName(host::spaceNameOf(name()));
 }
 
 bool AcDbBlockTableRecord::isFromExternalReference() const

@@ -50,9 +50,12 @@ Acad::ErrorStatus AcDbDimension::setTextPosition(const AcGePoint3d& place)
     return setPoint(kDimensionPart, 11, AcGeMatrix3d::arbitraryAxes(normal()).inverse() * place);
 }
 
-Acad::ErrorStatus AcDbDimension::setKind(host::DimensionKind kind)
+Acad::ErrorStatus AcDbDimension::setDefinitionPoint(const AcGePoint3d& p)
 {
-    return setInteger(kDimensionPart, 70, static_cast<int>(kind) | kOwnBlock, -1);
+    const Acad::ErrorStatus status = setPoint(kDimensionPart, 10, p);
+    if (status != Acad::eOk || host::findField(tags(), kDimensionPart, 70) != host::TagList::npos)
+        return status;
+    return setInteger(kDimensionPart, 70, static_cast<int>(kind()) | kOwnBlock, -1);
 }
 
 bool AcDbDimension::strokes(host::StrokeSink& sink) const

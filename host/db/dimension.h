@@ -17,7 +17,8 @@ enum class DimensionKind {
     diametric,
     radial,
     angular3Point,
-    ordinate
+    ordinate,
+    jogged = 9
 };
 
 } // namespace host
@@ -58,5 +59,7 @@ protected:
     AcDbDimension() = default;
     // A place of the dimension's definition, in the world.
     AcGePoint3d place(const host::Subclass& part, int code) const { return point(part, code); }
-    Acad::ErrorStatus setKind(host::DimensionKind kind);
+    virtual host::DimensionKind kind() const = 0;
+    // The place under 10; writes the kind into a record that states none yet.
+    Acad::ErrorStatus setDefinitionPoint(const AcGePoint3d& p);
 };

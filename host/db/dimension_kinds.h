@@ -35,7 +35,7 @@ inline constexpr Subclass kRotatedDimensionPart{"AcDbRotatedDimension"};
 class AcDbAlignedDimension : public AcDbDimension {
     ACRX_DECLARE_MEMBERS(AcDbAlignedDimension)
 public:
-    AcDbAlignedDimension();
+    AcDbAlignedDimension() = default;
 
     AcGePoint3d xLine1Point() const { return place(host::kAlignedDimensionPart, 13); }
     AcGePoint3d xLine2Point() const { return place(host::kAlignedDimensionPart, 14); }
@@ -48,19 +48,19 @@ public:
         return setPoint(host::kAlignedDimensionPart, 14, p);
     }
     AcGePoint3d dimLinePoint() const { return place(host::kDimensionPart, 10); }
-    Acad::ErrorStatus setDimLinePoint(const AcGePoint3d& p)
-    {
-        return setPoint(host::kDimensionPart, 10, p);
-    }
+    Acad::ErrorStatus setDimLinePoint(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
     std::span<const std::string_view> markers() const override;
+
+protected:
+    host::DimensionKind kind() const override { return host::DimensionKind::aligned; }
 };
 
 // The distance of two places in a direction of its own. Its fields stand in an aligned one's part.
 class AcDbRotatedDimension : public AcDbDimension {
     ACRX_DECLARE_MEMBERS(AcDbRotatedDimension)
 public:
-    AcDbRotatedDimension();
+    AcDbRotatedDimension() = default;
 
     AcGePoint3d xLine1Point() const { return place(host::kAlignedDimensionPart, 13); }
     AcGePoint3d xLine2Point() const { return place(host::kAlignedDimensionPart, 14); }
@@ -78,19 +78,19 @@ public:
         return setReal(host::kAlignedDimensionPart, 50, host::toDegrees(angle), 0.0);
     }
     AcGePoint3d dimLinePoint() const { return place(host::kDimensionPart, 10); }
-    Acad::ErrorStatus setDimLinePoint(const AcGePoint3d& p)
-    {
-        return setPoint(host::kDimensionPart, 10, p);
-    }
+    Acad::ErrorStatus setDimLinePoint(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
     std::span<const std::string_view> markers() const override;
+
+protected:
+    host::DimensionKind kind() const override { return host::DimensionKind::rotated; }
 };
 
 // The angle of two lines; the second line's end is the definition's first place (10).
 class AcDb2LineAngularDimension : public AcDbDimension {
     ACRX_DECLARE_MEMBERS(AcDb2LineAngularDimension)
 public:
-    AcDb2LineAngularDimension();
+    AcDb2LineAngularDimension() = default;
 
     AcGePoint3d xLine1Start() const { return place(host::k2LineAngularDimensionPart, 13); }
     AcGePoint3d xLine1End() const { return place(host::k2LineAngularDimensionPart, 14); }
@@ -113,19 +113,19 @@ public:
         return setPoint(host::k2LineAngularDimensionPart, 16, p);
     }
     AcGePoint3d xLine2End() const { return place(host::kDimensionPart, 10); }
-    Acad::ErrorStatus setXLine2End(const AcGePoint3d& p)
-    {
-        return setPoint(host::kDimensionPart, 10, p);
-    }
+    Acad::ErrorStatus setXLine2End(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
     std::span<const std::string_view> markers() const override;
+
+protected:
+    host::DimensionKind kind() const override { return host::DimensionKind::angular2Line; }
 };
 
 // The angle between two places, seen from a third.
 class AcDb3PointAngularDimension : public AcDbDimension {
     ACRX_DECLARE_MEMBERS(AcDb3PointAngularDimension)
 public:
-    AcDb3PointAngularDimension();
+    AcDb3PointAngularDimension() = default;
 
     AcGePoint3d xLine1Point() const { return place(host::k3PointAngularDimensionPart, 13); }
     AcGePoint3d xLine2Point() const { return place(host::k3PointAngularDimensionPart, 14); }
@@ -143,19 +143,19 @@ public:
         return setPoint(host::k3PointAngularDimensionPart, 15, p);
     }
     AcGePoint3d arcPoint() const { return place(host::kDimensionPart, 10); }
-    Acad::ErrorStatus setArcPoint(const AcGePoint3d& p)
-    {
-        return setPoint(host::kDimensionPart, 10, p);
-    }
+    Acad::ErrorStatus setArcPoint(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
     std::span<const std::string_view> markers() const override;
+
+protected:
+    host::DimensionKind kind() const override { return host::DimensionKind::angular3Point; }
 };
 
 // The length of an arc.
 class AcDbArcDimension : public AcDbDimension {
     ACRX_DECLARE_MEMBERS(AcDbArcDimension)
 public:
-    AcDbArcDimension();
+    AcDbArcDimension() = default;
 
     AcGePoint3d xLine1Point() const { return place(host::kArcDimensionPart, 13); }
     AcGePoint3d xLine2Point() const { return place(host::kArcDimensionPart, 14); }
@@ -173,20 +173,20 @@ public:
         return setPoint(host::kArcDimensionPart, 15, p);
     }
     AcGePoint3d arcPoint() const { return place(host::kDimensionPart, 10); }
-    Acad::ErrorStatus setArcPoint(const AcGePoint3d& p)
-    {
-        return setPoint(host::kDimensionPart, 10, p);
-    }
+    Acad::ErrorStatus setArcPoint(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
     std::string recordName() const override { return "ARC_DIMENSION"; }
     std::span<const std::string_view> markers() const override;
+
+protected:
+    host::DimensionKind kind() const override { return host::DimensionKind::angular3Point; }
 };
 
 // A diameter, between this place and the definition's first (10).
 class AcDbDiametricDimension : public AcDbDimension {
     ACRX_DECLARE_MEMBERS(AcDbDiametricDimension)
 public:
-    AcDbDiametricDimension();
+    AcDbDiametricDimension() = default;
 
     AcGePoint3d chordPoint() const { return place(host::kDiametricDimensionPart, 15); }
     Acad::ErrorStatus setChordPoint(const AcGePoint3d& p)
@@ -194,19 +194,19 @@ public:
         return setPoint(host::kDiametricDimensionPart, 15, p);
     }
     AcGePoint3d farChordPoint() const { return place(host::kDimensionPart, 10); }
-    Acad::ErrorStatus setFarChordPoint(const AcGePoint3d& p)
-    {
-        return setPoint(host::kDimensionPart, 10, p);
-    }
+    Acad::ErrorStatus setFarChordPoint(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
     std::span<const std::string_view> markers() const override;
+
+protected:
+    host::DimensionKind kind() const override { return host::DimensionKind::diametric; }
 };
 
 // A radius, from the centre (10) to this place.
 class AcDbRadialDimension : public AcDbDimension {
     ACRX_DECLARE_MEMBERS(AcDbRadialDimension)
 public:
-    AcDbRadialDimension();
+    AcDbRadialDimension() = default;
 
     AcGePoint3d chordPoint() const { return place(host::kRadialDimensionPart, 15); }
     Acad::ErrorStatus setChordPoint(const AcGePoint3d& p)
@@ -214,12 +214,12 @@ public:
         return setPoint(host::kRadialDimensionPart, 15, p);
     }
     AcGePoint3d center() const { return place(host::kDimensionPart, 10); }
-    Acad::ErrorStatus setCenter(const AcGePoint3d& p)
-    {
-        return setPoint(host::kDimensionPart, 10, p);
-    }
+    Acad::ErrorStatus setCenter(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
     std::span<const std::string_view> markers() const override;
+
+protected:
+    host::DimensionKind kind() const override { return host::DimensionKind::radial; }
 };
 
 // A radius with a jogged line, because its centre is out of the way.
@@ -244,20 +244,20 @@ public:
         return setPoint(host::kRadialDimensionLargePart, 15, p);
     }
     AcGePoint3d center() const { return place(host::kDimensionPart, 10); }
-    Acad::ErrorStatus setCenter(const AcGePoint3d& p)
-    {
-        return setPoint(host::kDimensionPart, 10, p);
-    }
+    Acad::ErrorStatus setCenter(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
     std::string recordName() const override { return "LARGE_RADIAL_DIMENSION"; }
     std::span<const std::string_view> markers() const override;
+
+protected:
+    host::DimensionKind kind() const override { return host::DimensionKind::jogged; }
 };
 
 // One coordinate of a place.
 class AcDbOrdinateDimension : public AcDbDimension {
     ACRX_DECLARE_MEMBERS(AcDbOrdinateDimension)
 public:
-    AcDbOrdinateDimension();
+    AcDbOrdinateDimension() = default;
 
     AcGePoint3d definingPoint() const { return place(host::kOrdinateDimensionPart, 13); }
     AcGePoint3d leaderEndPoint() const { return place(host::kOrdinateDimensionPart, 14); }
@@ -271,10 +271,10 @@ public:
     }
     bool isUsingXAxis() const { return flag(host::kDimensionPart, 70, 64); }
     AcGePoint3d origin() const { return place(host::kDimensionPart, 10); }
-    Acad::ErrorStatus setOrigin(const AcGePoint3d& p)
-    {
-        return setPoint(host::kDimensionPart, 10, p);
-    }
+    Acad::ErrorStatus setOrigin(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
     std::span<const std::string_view> markers() const override;
+
+protected:
+    host::DimensionKind kind() const override { return host::DimensionKind::ordinate; }
 };

@@ -128,11 +128,22 @@ private:
         return made;
     }
 
-    std::uint32_t spaceOf(std::wstring_view name)
+    // The record of that name. Where there is none, the one that owns the first entity that
+    // ENTITIES has of the space: files are about that lost the name. Else one that is made.
+    std::uint32_t spaceOf(std::wstring_view name, bool paper)
     {
         const AcDbObjectId found = findSymbol(drawing_, kBlockRecords, name);
         if (!found.isNull())
             return found.stubNumber();
+        std::uint32_t owner = 0;
+        eachRecord("ENTITIES", [&](std::uint32_t stub) {
+            const Stub& entity = index_[stub];
+            if (owner == 0 && (entity.flags & (kEntity | kChild)) == kEntity &&
+                ((entity.flags & kPaperSpace) != 0) == paper && isBlockRecord(entity.owner))
+                owner = entity.owner;
+        });
+        if (owner != 0 && owner != drawing_.modelSpace)
+            return owner;
         const std::uint32_t made = makeRecord(drawing_.tables.find(kBlockRecords)->second, name);
         drawing_.blocks[made].record = made;
         return made;
@@ -155,19 +166,11 @@ private:
             drawing_.blocks[record].record = record;
         const std::uint16_t begin = index_.types().number("BLOCK");
         const std::uint16_t end = index_.types().number("ENDBLK");
-        std::vector<std::uint32_t> known; // BLOCKs that the reader has placed
-        for (const auto& [record, block] : drawing_.blocks)
-            if (block.begin != 0)
-                known.push_back(block.begin);
-        std::sort(known.begin(), known.end());
         std::uint32_t current = 0;
         eachRecord("BLOCKS", [&](std::uint32_t stub) {
             if (index_[stub].type == begin) {
-                current = 0;
-                if (!std::binary_search(known.begin(), known.end(), stub)) {
-                    current = recordOf(stub);
-                    drawing_.blocks[current].begin = stub;
-                }
+                current = recordOf(stub);
+                drawing_.blocks[current].begin = stub;
             } else if (index_[stub].type == end && current != 0) {
                 drawing_.blocks[current].end = stub;
                 current = 0;
@@ -179,22 +182,14 @@ private:
             if (block.end != 0)
                 index_[block.end].owner = record;
         }
-        drawing_.modelSpace = spaceOf(kModelSpace);
-        drawing_.paperSpace = spaceOf(kPaperSpaceName);
+        drawing_.modelSpace = spaceOf(kModelSpace, false);
+        drawing_.paperSpace = spaceOf(kPaperSpaceName, true);
     }
 
     // ---- entities ----
 
     void placeEntities()
     {
-        std::vector<bool> placed(drawing_.fileRecords + std::size_t{1});
-        for (const auto& [record, block] : drawing_.blocks) {
-            for (const std::uint32_t entity : block.entities) {
-                index_[entity].owner = record;
-                if (entity < placed.size())
-                    placed[entity] = true;
-            }
-        }
         std::unordered_map<std::uint32_t, std::uint32_t> recordOfBegin;
         for (const auto& [record, block] : drawing_.blocks)
             if (block.begin != 0)
@@ -203,37 +198,34 @@ private:
         const std::uint16_t begin = index_.types().number("BLOCK");
         std::uint32_t block = 0;
         std::uint32_t parent = 0;
-        const auto place = [&](std::uint32_t stub, std::uint32_t record) {
-            Stub& entity = index_[stub];
+        const auto place = [&](std::uint32_t stub, Stub& entity, std::uint32_t record) {
             if ((entity.flags & kChild) != 0) {
                 entity.owner = parent ? parent : record;
                 return;
             }
             parent = stub;
-            if (placed[stub])
-                return;
             entity.owner = record;
             blockPlace(record).entities.push_back(stub);
         };
         eachRecord("BLOCKS", [&](std::uint32_t stub) {
-            if (index_[stub].type == begin) {
-                const auto record = recordOfBegin.find(stub);
-                block = record == recordOfBegin.end() ? 0 : record->second;
+            Stub& record = index_[stub];
+            if (record.type == begin) {
+                block = recordOfBegin.find(stub)->second;
                 parent = 0;
-            } else if ((index_[stub].flags & kEntity) != 0 && block != 0) {
-                place(stub, block);
+            } else if ((record.flags & kEntity) != 0 && block != 0) {
+                place(stub, record, block);
             }
         });
         parent = 0;
         eachRecord("ENTITIES", [&](std::uint32_t stub) {
-            const Stub& entity = index_[stub];
+            Stub& entity = index_[stub];
             if ((entity.flags & kEntity) == 0)
                 return;
             const bool paper = (entity.flags & kPaperSpace) != 0;
-            place(stub, placed[stub]                  ? entity.owner
-                        : isBlockRecord(entity.owner) ? entity.owner
-                        : paper                       ? drawing_.paperSpace
-                                                      : drawing_.modelSpace);
+            place(stub, entity,
+                  isBlockRecord(entity.owner) ? entity.owner
+                  : paper                     ? drawing_.paperSpace
+                                              : drawing_.modelSpace);
         });
     }
 
@@ -295,19 +287,18 @@ void completeDrawing(Drawing& drawing)
 
 std::shared_ptr<TagList> implicitTags(Drawing& drawing, std::uint32_t stub)
 {
-    // made in text form, where the defaults' bytes belong, then brought into the drawing's own
-    TagList tags(drawingFormat().scratchSource());
+    auto made = std::make_shared<TagList>(drawing.source);
+    TagList& tags = *made;
     const Stub& record = drawing.index[stub];
-    const auto finished = [&] { return std::make_shared<TagList>(tags.inSource(drawing.source)); };
     if ((record.flags & kImplicit) == 0)
-        return finished();
+        return made;
     const std::string_view type = drawing.index.types().name(record.type);
     const std::size_t blank = type.find(' ');
     tags.addText(0, wide(type.substr(0, blank)));
     if (blank != std::string_view::npos)
         tags.addText(2, wide(type.substr(blank + 1)));
     if (record.handle == 0)
-        return finished();
+        return made;
 
     const SymbolKind* const kind = symbolKind(type);
     tags.addHandle(type == "DIMSTYLE" ? 105 : 5, record.handle);
@@ -330,7 +321,7 @@ std::shared_ptr<TagList> implicitTags(Drawing& drawing, std::uint32_t stub)
         addMarkers(tags, modern, {"AcDbDictionary"});
         tags.addInteger(281, 1);
     }
-    return finished();
+    return made;
 }
 
 } // namespace host

@@ -14,10 +14,10 @@ namespace host {
 // nothing of the file changes; the writer takes in what something written refers to.
 
 // Called by the reader of files once index, handles, sections, tables and header are filled.
-// Makes what is missing and sets modelSpace, paperSpace and rootDictionary. Blocks and entities
-// that the reader has not placed in `blocks` are placed: in BLOCKS the place in the file decides,
-// in ENTITIES the owner if it is a block record, else group 67. Sets the owner of every entity (its
-// block record, or for a child its POLYLINE or INSERT), table record, BLOCK and ENDBLK.
+// Makes what is missing, fills `blocks`, and sets modelSpace, paperSpace and rootDictionary. In
+// BLOCKS the place in the file decides which block an entity is in, in ENTITIES the owner if it is
+// a block record, else group 67. Sets the owner of every entity (its block record, or for a child
+// its POLYLINE or INSERT), table record, BLOCK and ENDBLK.
 void completeDrawing(Drawing& drawing);
 
 // The tags of an implicit object as its file would have them, from its stub: made when first asked

@@ -127,7 +127,8 @@ Acad::ErrorStatus AcDbPolyline::setNormal(const AcGeVector3d& normal)
         const std::size_t at = vertexPlaces().back(); // behind the vertices, not between them
         TagList& own = tagsForWrite();
         for (const unsigned axis : {0u, 1u, 2u})
-            own.insertReal(at + axis, 210 + 10 * static_cast<int>(axis), unit[axis]);
+            own.insertReal(at + axis, 210 + 10 * static_cast<int>(axis),
+                           unit[axis] + 0.0); // no -0.0
         return Acad::eOk;
     }
     return setPoint(kPolylinePart, 210, AcGePoint3d() + unit);

@@ -5,6 +5,7 @@
 #include "host/db/tag_view.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace host {
 
@@ -66,9 +67,26 @@ const SymbolKind* symbolKind(std::string_view table)
 
 void addDefaults(TagList& tags, const SymbolKind& kind, DxfVersion version)
 {
-    for (const FieldDefault& field : kind.defaults)
-        if (field.since <= version && findField(tags, kind.part, field.code) == TagList::npos)
-            tags.insertBytes(placeOfField(tags, kind.part, field.code), field.code, field.bytes);
+    for (const FieldDefault& field : kind.defaults) {
+        if (field.since > version || findField(tags, kind.part, field.code) != TagList::npos)
+            continue;
+        const std::size_t at = placeOfField(tags, kind.part, field.code);
+        const int number = std::atoi(field.value.data());
+        switch (tagKind(field.code)) {
+        case TagKind::text:
+            tags.insertText(at, field.code, std::wstring(field.value.begin(), field.value.end()));
+            break;
+        case TagKind::real:
+            tags.insertReal(at, field.code, std::atof(field.value.data()));
+            break;
+        case TagKind::handle:
+            tags.insertHandle(at, field.code, static_cast<std::uint64_t>(number));
+            break;
+        default:
+            tags.insertInteger(at, field.code, number);
+            break;
+        }
+    }
 }
 
 void dropMarkers(TagList& tags)
@@ -86,6 +104,12 @@ std::wstring symbolName(Drawing& drawing, std::string_view table, std::uint32_t 
     const SymbolKind* const kind = symbolKind(table);
     if (!kind)
         return {};
+    constexpr std::uint16_t kOwnTags = kImplicit | kChanged;
+    if ((drawing.index[stub].flags & kOwnTags) == kImplicit) {
+        const ImplicitNames& names = drawing.database.lookups().implicitNames;
+        const auto name = names.find(stub);
+        return name == names.end() ? std::wstring() : name->second;
+    }
     const std::shared_ptr<const TagList> tags = drawing.tagsOf(stub);
     std::size_t at = findField(*tags, kind->part, kNameCode);
     if (at == TagList::npos) // written by programs that leave the class's marker out
@@ -120,6 +144,11 @@ void SymbolNames::read(Drawing& drawing, std::string_view table, Names& names)
         if (!name.empty())
             names.stubs.try_emplace(blocks ? spaceNameOf(name) : name, stub);
     }
+    if (blocks && drawing.modelSpace != 0) {
+        // spaces that the file calls otherwise
+        names.stubs.try_emplace(L"*Model_Space", drawing.modelSpace);
+        names.stubs.try_emplace(L"*Paper_Space", drawing.paperSpace);
+    }
 }
 
 AcDbObjectId SymbolNames::find(Drawing& drawing, std::string_view table, std::wstring_view name)
@@ -148,6 +177,12 @@ void SymbolNames::added(Drawing& drawing, std::string_view table, std::wstring_v
     if (!name.empty())
         known->second.stubs.try_emplace(std::wstring(name), stub);
     known->second.generation = drawing.symbolGeneration;
+}
+
+bool isSymbolRecord(const Drawing& drawing, std::uint32_t stub)
+{
+    const std::string_view type = drawing.index.types().name(drawing.index[stub].type);
+    return type == "BLOCK" || symbolKind(type) != nullptr;
 }
 
 AcDbObjectId findSymbol(Drawing& drawing, std::string_view table, std::wstring_view name)

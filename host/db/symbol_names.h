@@ -12,10 +12,10 @@
 
 namespace host {
 
-// What a complete record holds where nothing else was set: the bytes in a text file.
+// What a complete record holds where nothing else was set, as a text file writes it.
 struct FieldDefault {
     short code;
-    std::string_view bytes;
+    std::string_view value; // of a literal: ends with a zero
     DxfVersion since = DxfVersion::r10;
 };
 
@@ -28,7 +28,7 @@ struct SymbolKind {
 std::span<const SymbolKind> symbolKinds();
 const SymbolKind* symbolKind(std::string_view table); // null for another name
 
-// Adds what is missing of the defaults of a version to the tags of a record in text form.
+// Adds what is missing of the defaults of a version to the tags of a record.
 void addDefaults(TagList& tags, const SymbolKind& kind, DxfVersion version);
 
 // Takes subclass markers and the owner out, which R12 has not.
@@ -61,6 +61,9 @@ private:
 
     std::map<std::string, Names, std::less<>> tables_;
 };
+
+// Whether a change of this record is one of the symbol tables' entries.
+bool isSymbolRecord(const Drawing& drawing, std::uint32_t stub);
 
 // Null id where the table has no such record.
 AcDbObjectId findSymbol(Drawing& drawing, std::string_view table, std::wstring_view name);

@@ -3,12 +3,9 @@
 #include "host/db/drawing.h"
 
 #include <algorithm>
-#include <cmath>
-#include <optional>
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbXrecord, AcDbObject, "XRECORD")
 
-using host::Tag;
 using host::TagKind;
 using host::TagList;
 
@@ -24,193 +21,6 @@ constexpr int kKeepExisting = 1;
 bool knowsCloningFlag(host::DxfVersion version)
 {
     return version >= host::DxfVersion::r2000 || version <= host::DxfVersion::r12;
-}
-
-constexpr std::size_t kChunk = 127; // bytes that one binary item holds
-
-// Codes of x that a y (code + 10) belongs to, and mostly a z (code + 20).
-struct PointCodes {
-    int first;
-    int last;
-};
-constexpr PointCodes kPointCodes[] = {{10, 17}, {110, 112}, {210, 213}, {1010, 1013}};
-
-bool isPointCode(int code)
-{
-    return std::any_of(
-        std::begin(kPointCodes), std::end(kPointCodes),
-        [&](const PointCodes& range) { return code >= range.first && code <= range.last; });
-}
-
-// Behind the item that begins at `at`: a point takes its y and z along.
-std::size_t behindItem(const TagList& tags, std::size_t at, std::size_t last)
-{
-    const int code = tags[at].code;
-    std::size_t next = at + 1;
-    if (!isPointCode(code))
-        return next;
-    if (next < last && tags[next].code == code + 10)
-        ++next;
-    if (next == at + 2 && next < last && tags[next].code == code + 20)
-        ++next;
-    return next;
-}
-
-std::wstring hexadecimal(std::uint64_t value)
-{
-    std::wstring digits;
-    do {
-        digits.insert(digits.begin(), L"0123456789ABCDEF"[value & 15]);
-        value >>= 4;
-    } while (value != 0);
-    return digits;
-}
-
-std::optional<std::uint64_t> fromHexadecimal(std::wstring_view text)
-{
-    constexpr std::size_t kDigits = 16;
-    if (text.empty() || text.size() > kDigits)
-        return std::nullopt;
-    std::uint64_t value = 0;
-    for (const wchar_t c : text) {
-        const int digit = c >= L'0' && c <= L'9'   ? c - L'0'
-                          : c >= L'A' && c <= L'F' ? c - L'A' + 10
-                          : c >= L'a' && c <= L'f' ? c - L'a' + 10
-                                                   : -1;
-        if (digit < 0)
-            return std::nullopt;
-        value = value << 4 | static_cast<std::uint64_t>(digit);
-    }
-    return value;
-}
-
-resbuf itemAt(const TagList& tags, std::size_t at, std::size_t end)
-{
-    resbuf item;
-    item.restype = tags[at].code;
-    resbuf::Value& value = item.resval;
-    switch (host::tagKind(tags[at].code)) {
-    case TagKind::real:
-        if (isPointCode(tags[at].code)) {
-            for (std::size_t i = at; i < end; ++i)
-                value.rpoint[i - at] = tags.real(i);
-        } else {
-            value.rreal = tags.real(at);
-        }
-        break;
-    case TagKind::int16:
-    case TagKind::boolean:
-        value.rint = static_cast<std::int16_t>(tags.integer(at));
-        break;
-    case TagKind::int32:
-        value.rlong = static_cast<std::int32_t>(tags.integer(at));
-        break;
-    case TagKind::int64:
-        value.mnInt64 = tags.integer(at);
-        break;
-    case TagKind::handle:
-        value.rstring = hexadecimal(tags.handle(at));
-        break;
-    case TagKind::binary:
-        value.rbinary = tags.form().binary(tags[at]);
-        break;
-    case TagKind::text:
-    case TagKind::comment:
-        value.rstring = tags.text(at);
-        break;
-    }
-    return item;
-}
-
-// Equal as values of the same code, so that the bytes of the one may stand for the other.
-bool sameItem(const resbuf& a, const resbuf& b)
-{
-    if (a.restype != b.restype)
-        return false;
-    const resbuf::Value& left = a.resval;
-    const resbuf::Value& right = b.resval;
-    switch (host::tagKind(a.restype)) {
-    case TagKind::real:
-        return isPointCode(a.restype) ? left.rpoint == right.rpoint : left.rreal == right.rreal;
-    case TagKind::int16:
-    case TagKind::boolean:
-        return left.rint == right.rint;
-    case TagKind::int32:
-        return left.rlong == right.rlong;
-    case TagKind::int64:
-        return left.mnInt64 == right.mnInt64;
-    case TagKind::handle:
-        return fromHexadecimal(left.rstring) == fromHexadecimal(right.rstring);
-    case TagKind::binary:
-        return left.rbinary == right.rbinary;
-    case TagKind::text:
-    case TagKind::comment:
-        return left.rstring == right.rstring;
-    }
-    return false;
-}
-
-// Whether a file can hold the item: a code of 0 begins a new record, 999 is a comment, and a
-// number that is none would make the file unreadable.
-bool isWritable(const resbuf& item)
-{
-    constexpr int kLast = 1071;
-    const int code = item.restype;
-    if (code < 1 || code == 999 || code > kLast)
-        return false;
-    switch (host::tagKind(code)) {
-    case TagKind::real:
-        if (isPointCode(code))
-            return std::all_of(item.resval.rpoint.begin(), item.resval.rpoint.end(),
-                               [](double part) { return std::isfinite(part); });
-        return std::isfinite(item.resval.rreal);
-    case TagKind::boolean:
-        return item.resval.rint == 0 || item.resval.rint == 1;
-    case TagKind::handle:
-        return fromHexadecimal(item.resval.rstring).has_value();
-    case TagKind::binary:
-        return item.resval.rbinary.size() <= kChunk;
-    default:
-        return true;
-    }
-}
-
-// Writes an item over the tags of another one of the same code and the same number of tags, whose
-// code lines stay.
-void overwriteItem(TagList& tags, std::size_t at, std::size_t end, const resbuf& item)
-{
-    const resbuf::Value& value = item.resval;
-    switch (host::tagKind(item.restype)) {
-    case TagKind::real:
-        if (!isPointCode(item.restype)) {
-            tags.setReal(at, value.rreal);
-            break;
-        }
-        for (std::size_t i = at; i < end; ++i)
-            if (tags.real(i) != value.rpoint[i - at])
-                tags.setReal(i, value.rpoint[i - at]);
-        break;
-    case TagKind::int16:
-    case TagKind::boolean:
-        tags.setInteger(at, value.rint);
-        break;
-    case TagKind::int32:
-        tags.setInteger(at, value.rlong);
-        break;
-    case TagKind::int64:
-        tags.setInteger(at, value.mnInt64);
-        break;
-    case TagKind::handle:
-        tags.setHandle(at, fromHexadecimal(value.rstring).value_or(0));
-        break;
-    case TagKind::binary:
-        tags.setBytes(at, tags.form().binaryValue(item.restype, value.rbinary));
-        break;
-    case TagKind::text:
-    case TagKind::comment:
-        tags.setText(at, value.rstring);
-        break;
-    }
 }
 
 // An item of the payload as it stands: comments in front of it belong to it.
@@ -230,8 +40,8 @@ std::vector<StoredItem> storedItems(const TagList& tags, std::size_t from)
             ++i;
             continue;
         }
-        const std::size_t end = behindItem(tags, i, tags.size());
-        items.push_back({itemAt(tags, i, end), first, i, end});
+        const std::size_t end = host::behindItem(tags, i, tags.size());
+        items.push_back({host::itemAt(tags, i, end), first, i, end});
         first = i = end;
     }
     return items;
@@ -253,8 +63,8 @@ public:
     {
         std::size_t tail = 0; // equal items at the end
         const std::size_t most = std::min(chain.size(), stored_.size());
-        while (tail < most &&
-               sameItem(chain[chain.size() - 1 - tail], stored_[stored_.size() - 1 - tail].item))
+        while (tail < most && host::sameItem(chain[chain.size() - 1 - tail],
+                                             stored_[stored_.size() - 1 - tail].item))
             ++tail;
         const std::size_t oldEnd = stored_.size() - tail;
         const std::size_t newEnd = chain.size() - tail;
@@ -262,7 +72,7 @@ public:
         for (std::size_t i = 0; i < newEnd; ++i) {
             const std::size_t ahead = std::min(oldEnd, old + kLookAhead);
             std::size_t match = old;
-            while (match < ahead && !sameItem(chain[i], stored_[match].item))
+            while (match < ahead && !host::sameItem(chain[i], stored_[match].item))
                 ++match;
             if (match < ahead) {
                 keep(stored_[match]);
@@ -286,7 +96,7 @@ private:
         if (item.restype != stored.item.restype)
             return false;
         constexpr std::size_t kCoordinates = 3;
-        return !isPointCode(item.restype) || stored.end - stored.value == kCoordinates;
+        return !host::isPointCode(item.restype) || stored.end - stored.value == kCoordinates;
     }
 
     void keep(const StoredItem& stored)
@@ -299,7 +109,7 @@ private:
     {
         const std::size_t at = to_.size() + (stored.value - stored.first);
         keep(stored);
-        overwriteItem(to_, at, to_.size(), item);
+        host::overwriteItem(to_, at, to_.size(), item);
     }
 
     const TagList& from_;
@@ -308,61 +118,6 @@ private:
 };
 
 } // namespace
-
-namespace host {
-
-ResbufChain itemsOf(const TagList& tags, std::size_t first, std::size_t last)
-{
-    ResbufChain items;
-    for (std::size_t i = first; i < last;) {
-        if (tagKind(tags[i].code) == TagKind::comment) {
-            ++i;
-            continue;
-        }
-        const std::size_t end = behindItem(tags, i, last);
-        items.push_back(itemAt(tags, i, end));
-        i = end;
-    }
-    return items;
-}
-
-void appendItem(TagList& tags, const resbuf& item)
-{
-    const resbuf::Value& value = item.resval;
-    const int code = item.restype;
-    switch (tagKind(code)) {
-    case TagKind::real:
-        if (!isPointCode(code)) {
-            tags.addReal(code, value.rreal);
-            break;
-        }
-        for (int i = 0; i < 3; ++i)
-            tags.addReal(code + 10 * i, value.rpoint[static_cast<std::size_t>(i)]);
-        break;
-    case TagKind::int16:
-    case TagKind::boolean:
-        tags.addInteger(code, value.rint);
-        break;
-    case TagKind::int32:
-        tags.addInteger(code, value.rlong);
-        break;
-    case TagKind::int64:
-        tags.addInteger(code, value.mnInt64);
-        break;
-    case TagKind::handle:
-        tags.addHandle(code, fromHexadecimal(value.rstring).value_or(0));
-        break;
-    case TagKind::binary:
-        tags.insertBinary(tags.size(), code, value.rbinary);
-        break;
-    case TagKind::text:
-    case TagKind::comment:
-        tags.addText(code, value.rstring);
-        break;
-    }
-}
-
-} // namespace host
 
 std::span<const std::string_view> AcDbXrecord::markers() const
 {
@@ -398,7 +153,7 @@ Acad::ErrorStatus AcDbXrecord::setFromRbChain(const ResbufChain& chain)
 {
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
-    if (!std::all_of(chain.begin(), chain.end(), isWritable))
+    if (!std::all_of(chain.begin(), chain.end(), host::isWritable))
         return Acad::eInvalidInput;
     // without the flag in front of it an item of its code would be taken for it
     const bool flagNeeded = isNewObject() || (!chain.empty() && chain.front().restype == kCloning);
@@ -408,7 +163,7 @@ Acad::ErrorStatus AcDbXrecord::setFromRbChain(const ResbufChain& chain)
     const std::vector<StoredItem> stored = storedItems(tags(), payload());
     const bool same = std::equal(
         stored.begin(), stored.end(), chain.begin(), chain.end(),
-        [](const StoredItem& old, const resbuf& item) { return sameItem(old.item, item); });
+        [](const StoredItem& old, const resbuf& item) { return host::sameItem(old.item, item); });
     if (same)
         return Acad::eOk;
     TagList written = PayloadWriter(tags(), payload()).write(chain);

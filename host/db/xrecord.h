@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/db/object.h"
+#include "host/db/tag_items.h"
 
 // A chain of typed items for the use of applications. The payload begins behind the marker and,
 // from R2000 on, the cloning flag (280); it may hold any code, 102 and 330 included, and ends with
@@ -49,12 +50,3 @@ private:
     ResbufChain chain_;
     std::size_t at_ = 0;
 };
-
-namespace host {
-
-// Tags from `first` to `last` as items, and items as tags appended to a list; what xrecords and
-// extended data share. A point is written with three coordinates.
-ResbufChain itemsOf(const TagList& tags, std::size_t first, std::size_t last);
-void appendItem(TagList& tags, const resbuf& item);
-
-} // namespace host

@@ -16,6 +16,10 @@ LINE = "0\nLINE\n5\n{handle}\n8\n{layer}\n10\n0.0\n20\n0.0\n30\n0.0\n11\n{length
 def drawing(*entities, end="\r\n"):
     """A drawing of R12 with these entities."""
     text = "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n9\n$HANDSEED\n5\nFFF\n0\nENDSEC\n"
+    text += "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n70\n3\n"
+    for layer in ("0", "walls", "roofs"):
+        text += f"0\nLAYER\n2\n{layer}\n70\n0\n62\n7\n6\nCONTINUOUS\n"
+    text += "0\nENDTAB\n0\nENDSEC\n"
     text += "0\nSECTION\n2\nENTITIES\n" + "".join(entities) + "0\nENDSEC\n0\nEOF\n"
     return text.replace("\n", end).encode()
 

@@ -64,6 +64,15 @@ const Body kMline{"MLINE", "AcDbMline",
                   "2\nSTANDARD\n340\nF18\n40\n20.0\n70\n2\n71\n3\n72\n2\n73\n2\n" + kOrigin +
                       "210\n0.0\n220\n0.0\n230\n1.0\n"};
 
+const Body k3dPath{"POLYLINE", "AcDb3dPolyline",
+                   "66\n1\n" + kOrigin + "70\n9\n0\nSEQEND\n5\nF30\n100\nAcDbEntity\n8\n0\n"};
+const Body kMPolygon{"MPOLYGON", "AcDbMPolygon",
+                     "70\n1\n" + kOrigin +
+                         "210\n0.0\n220\n0.0\n230\n1.0\n2\nANSI31\n71\n0\n91\n0\n76\n1\n"
+                         "52\n30.0\n41\n4.0\n77\n0\n78\n0\n63\n5\n11\n0.0\n21\n0.0\n99\n0\n"};
+const Body kTinted{"HATCH", "AcDbHatch",
+                   kHatch.fields + "1001\nHATCHBACKGROUNDCOLOR\n1071\n-1023410173\n"};
+
 class ConformityTest : public DrawingTest {
 protected:
     static ObjectDef object(const wchar_t* types)
@@ -147,6 +156,17 @@ TEST_F(ConformityTest, EachPropertyOfEachClass)
         {"pattern scale", kHatch, L"Hatch", L"patternscale", L"1", L"", false},
         {"no background", kHatch, L"Hatch", L"backgroundcolor", L"none", L"", true},
         {"a background is asked for", kHatch, L"Hatch", L"backgroundcolor", L"3", L"", false},
+
+        {"a background", kTinted, L"Hatch", L"backgroundcolor", L"3", L"", true},
+        {"none is asked for", kTinted, L"Hatch", L"backgroundcolor", L"none", L"", false},
+        {"any background", kTinted, L"Hatch", L"backgroundcolor", L"none", L"*", true},
+        {"pattern", kMPolygon, L"MPolygon", L"pattern", L"ansi31", L"", true},
+        {"pattern angle", kMPolygon, L"MPolygon", L"patternangle", L"30", L"", true},
+        {"pattern scale", kMPolygon, L"MPolygon", L"patternscale", L"3", L"", false},
+        {"a hatch's background is none of its own", kMPolygon, L"MPolygon", L"backgroundcolor",
+         L"3", L"", true},
+        {"closed", k3dPath, L"3DPolyline", L"closed", L"1", L"", true},
+        {"not open", k3dPath, L"3DPolyline", L"closed", L"0", L"", false},
 
         {"block", kReference, L"BlockReference", L"blockname", L"DOOR", L"", true},
         {"another block", kReference, L"BlockReference", L"blockname", L"gate", L"", false},

@@ -111,7 +111,8 @@ TEST_F(RecordObjectTest, ObjectsOfAnEntityComeOnceInOrderOfTheirNames)
     classify(line, L"Gate");
     classify(line, L"Wall");
     StoredTables tables(storeId());
-    const std::vector<const ObjectDef*> objects = objectsOfEntity(description, tables, line);
+    const std::vector<const ObjectDef*> objects =
+        objectsOfRecords(description, tables, tables.recordsOf(line));
     ASSERT_EQ(objects.size(), 2u);
     EXPECT_EQ(objects[0]->props.name, L"Gate");
     EXPECT_EQ(objects[1]->props.name, L"Wall");

@@ -145,7 +145,12 @@ TEST_F(FileCommands, AuditTellsWhatWasKeptThoughWrong)
     DxfDrawing wrong;
     wrong.entity("LINE", "AcDbLine", "10\n0.0\n20\n0.0\n30\n0.0\n11\n1.0\n21\n0.0\n31\n0.0\n");
     wrong.object("0\nXRECORD\n5\n100\n330\nC\n100\nAcDbXrecord\n"); // the line's handle again
-    open(wrong, "wrong.dxf");
+    const std::wstring path = host::shownPath(wrong.write(folder(), "wrong.dxf"));
+    EXPECT_NE(
+        transcript(L"OPEN\n" + path + L"\n")
+            .find(L"\nwrong.dxf: 1 record with the handle of another; it was given a new one\n"
+                  L"Command: "),
+        std::wstring::npos);
     EXPECT_EQ(transcript(L"AUDIT\n"),
               L"AUDIT\n1 record with the handle of another; it was given a new one\n"
               L"Total warnings found 1\nCommand: ");

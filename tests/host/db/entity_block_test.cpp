@@ -7,8 +7,8 @@
 #include <numbers>
 
 using host::DxfVersion;
-using host::test::dxf;
 using host::test::DrawingText;
+using host::test::dxf;
 using host::test::StrokeText;
 
 namespace {

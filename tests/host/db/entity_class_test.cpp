@@ -44,7 +44,8 @@ TEST(EntityClass, FollowsNameMarkersAndFlags)
          DxfVersion::r14, "AcDbRotatedDimension"},
         {"0 DIMENSION|5 A0|100 AcDbEntity|8 0|100 AcDbDimension|70 38|100 AcDbOrdinateDimension",
          DxfVersion::r14, "AcDbOrdinateDimension"},
-        {"0 ARC_DIMENSION|5 A0|100 AcDbEntity|8 0|100 AcDbDimension|70 37|100 AcDbArcDimension|70 0",
+        {"0 ARC_DIMENSION|5 A0|100 AcDbEntity|8 0|100 AcDbDimension|70 37|100 AcDbArcDimension|70 "
+         "0",
          DxfVersion::r2018, "AcDbArcDimension"},
         {"0 INSERT|5 A0|8 0|2 B|10 0|20 0", DxfVersion::r12, "AcDbBlockReference"},
         {"0 INSERT|5 A0|8 0|2 B|10 0|20 0|70 1|71 1", DxfVersion::r12, "AcDbBlockReference"},

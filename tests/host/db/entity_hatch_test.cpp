@@ -90,12 +90,13 @@ TEST(Hatch, BackgroundColourStandsInExtendedData)
 {
     struct Case {
         std::string data;
-        int index; // 257 none, -1 true colour
+        int index; // 0 by block, 257 none
     };
     const Case cases[] = {
         {"", 257},
-        {"|1001 HATCHBACKGROUNDCOLOR|1071 -1023409151", 1}, // C3000001
-        {"|1001 HATCHBACKGROUNDCOLOR|1071 -1040187137", -1}, // C1FFFFFF is by block
+        {"|1001 HATCHBACKGROUNDCOLOR|1071 -1023410175", 1},  // C3000001
+        {"|1001 HATCHBACKGROUNDCOLOR|1071 -1040187393", 0},  // C1FFFFFF
+        {"|1001 HATCHBACKGROUNDCOLOR|1071 -1040187137", 5},  // C20000FF
         {"|1001 HATCHBACKGROUNDCOLOR|1071 -939524096", 257}, // C8000000
     };
     for (const Case& row : cases) {
@@ -103,7 +104,7 @@ TEST(Hatch, BackgroundColourStandsInExtendedData)
         ReadDrawing drawing = openText(kHead + kPaths + kPattern + row.data);
         AcDbObjectPointer<AcDbHatch> hatch(drawing.idOf("A0"), AcDb::kForRead);
         ASSERT_EQ(hatch.openStatus(), Acad::eOk);
-        EXPECT_EQ(hatch->backgroundColor().colorIndex(), row.index == -1 ? 0 : row.index);
+        EXPECT_EQ(hatch->backgroundColor().colorIndex(), row.index);
     }
 
     ReadDrawing drawing = openText(kHead + kPaths + kPattern);
@@ -168,10 +169,9 @@ TEST(Hatch, NewOneIsWrittenInOrder)
     std::vector<int> codes;
     for (const host::Tag& tag : hatch.tags())
         codes.push_back(tag.code);
-    const std::vector<int> wanted = {0,  100, 8,  100, 10, 20, 30, 210, 220, 230, 2,  70, 71,
-                                     91, 92,  72, 73,  93, 10, 20, 10,  20,  10,  20, 97, 330,
-                                     75, 76,  52, 41,  77, 78, 53, 43,  44,  45,  46, 79, 49,
-                                     49, 98};
+    const std::vector<int> wanted = {0,  100, 8,  100, 10, 20, 30, 210, 220, 230, 2,  70,  71, 91,
+                                     92, 72,  73, 93,  10, 20, 10, 20,  10,  20,  97, 330, 75, 76,
+                                     52, 41,  77, 78,  53, 43, 44, 45,  46,  79,  49, 49,  98};
     EXPECT_EQ(codes, wanted);
 
     // at a right angle the line runs up, its base lies to the left, the next line too
@@ -192,9 +192,11 @@ TEST(Hatch, NewOneIsWrittenInOrder)
 
 TEST(Hatch, DrawsFillsAndPatternLines)
 {
-    const std::string square = "|91 1|92 3|72 0|73 1|93 4|10 0|20 0|10 4|20 0|10 4|20 4|10 0|20 4|97 "
-                               "0|75 0|76 1";
-    const std::string start = "0 HATCH|5 A0|100 AcDbEntity|8 0|100 AcDbHatch|10 0|20 0|30 0|2 X|70 ";
+    const std::string square =
+        "|91 1|92 3|72 0|73 1|93 4|10 0|20 0|10 4|20 0|10 4|20 4|10 0|20 4|97 "
+        "0|75 0|76 1";
+    const std::string start =
+        "0 HATCH|5 A0|100 AcDbEntity|8 0|100 AcDbHatch|10 0|20 0|30 0|2 X|70 ";
     const std::pair<std::string, std::string> cases[] = {
         {start + "1|71 0" + square + "|98 0", "fill 0,0 4,0 4,4 0,4\n"},
         {start + "0|71 0" + square + "|52 0|41 1|77 0|78 1|53 0|43 0|44 1|45 0|46 2|79 0|98 0",
@@ -204,7 +206,8 @@ TEST(Hatch, DrawsFillsAndPatternLines)
              "|52 0|41 1|77 0|78 1|53 0|43 0|44 1|45 0.5|46 2|79 2|49 1|49 -2|98 0",
          "line 0,1 1,1\nline 3,1 4,1\nline 0.5,3 1.5,3\nline 3.5,3 4,3\n"},
         // too dense to be told from a fill
-        {start + "0|71 0" + square + "|52 0|41 1|77 0|78 1|53 0|43 0|44 0|45 0|46 0.00001|79 0|98 0",
+        {start + "0|71 0" + square +
+             "|52 0|41 1|77 0|78 1|53 0|43 0|44 0|45 0|46 0.00001|79 0|98 0",
          "closed 0,0 4,0 4,4 0,4\n"},
     };
     for (const auto& [record, strokes] : cases) {

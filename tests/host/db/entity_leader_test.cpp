@@ -3,8 +3,8 @@
 #include "host/db/mline.h"
 #include "tests/support/drawing_text.h"
 
-using host::test::dxf;
 using host::test::DrawingText;
+using host::test::dxf;
 using host::test::openText;
 using host::test::StrokeText;
 
@@ -31,8 +31,7 @@ TEST(MLeader, StyleStandsBehindTheContent)
     EXPECT_FALSE(leader->isModified());
     EXPECT_EQ(leader->setMLeaderStyle(AcDbObjectId()), Acad::eInvalidInput);
     EXPECT_EQ(leader->setMLeaderStyle(drawing.idOf("53")), Acad::eOk);
-    EXPECT_EQ(drawing.record(drawing.idOf("A0")),
-              dxf(kContext + "|340 53|90 0|170 1|341 52"));
+    EXPECT_EQ(drawing.record(drawing.idOf("A0")), dxf(kContext + "|340 53|90 0|170 1|341 52"));
 }
 
 TEST(MLeader, DrawsLinesLandingAndText)
@@ -42,8 +41,7 @@ TEST(MLeader, DrawsLinesLandingAndText)
     ASSERT_EQ(leader.openStatus(), Acad::eOk);
     StrokeText drawn;
     EXPECT_TRUE(leader->strokes(drawn));
-    EXPECT_EQ(drawn.text.substr(0, drawn.text.find("text")),
-              "line 8,5 8.5,5\nline 0,0 4,5 8,5\n");
+    EXPECT_EQ(drawn.text.substr(0, drawn.text.find("text")), "line 8,5 8.5,5\nline 0,0 4,5 8,5\n");
     EXPECT_NE(drawn.text.find("text 9,4 "), std::string::npos) << drawn.text;
 }
 
@@ -93,7 +91,9 @@ TEST(Mline, LinesFollowScaleJustificationAndClosing)
               "line 0,0 4,0 4,3\nline 0,-1 5,-1 5,3\n");
     EXPECT_EQ(strokesAfter([](AcDbMline& m) { return m.setJustification(Mline::kBottom); }),
               "line 0,1 3,1 3,3\nline 0,0 4,0 4,3\n");
-    EXPECT_EQ(strokesAfter([](AcDbMline& m) { return m.appendSeg({0, 3, 0}); }),
+    EXPECT_EQ(strokesAfter([](AcDbMline& m) {
+                  return m.appendSeg({0, 3, 0});
+              }),
               "line 0,0.5 3.5,0.5 3.5,2.5 0,2.5\nline 0,-0.5 4.5,-0.5 4.5,3.5 0,3.5\n");
     EXPECT_EQ(strokesAfter([](AcDbMline& m) {
                   m.appendSeg({0, 3, 0});

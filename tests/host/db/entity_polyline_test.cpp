@@ -65,12 +65,16 @@ TEST(Polyline, SettersChangeTheirOwnTagsOnly)
         {"90 2|70 0|43 0.0|10 0|20 0|10 5|20 0", [](AcDbPolyline& p) { p.setElevation(7.0); },
          "90 2|70 0|43 0.0|38 7.0|10 0|20 0|10 5|20 0"},
         {"90 2|70 0|10 0|20 0|42 1|10 5|20 0|1001 MINE|1000 x",
-         [](AcDbPolyline& p) { p.addVertexAt(2, {9, 9}); },
+         [](AcDbPolyline& p) {
+             p.addVertexAt(2, {9, 9});
+         },
          "90 3|70 0|10 0|20 0|42 1|10 5|20 0|10 9.0|20 9.0|1001 MINE|1000 x"},
         {"90 2|70 0|10 0|20 0|42 1|10 5|20 0", [](AcDbPolyline& p) { p.removeVertexAt(0); },
          "90 1|70 0|10 5|20 0"},
         {"90 2|70 0|10 0|20 0|10 5|20 0",
-         [](AcDbPolyline& p) { p.setNormal({0, 0, -1}); },
+         [](AcDbPolyline& p) {
+             p.setNormal({0, 0, -1});
+         },
          "90 2|70 0|10 0|20 0|10 5|20 0|210 0.0|220 0.0|230 -1.0"},
     };
     for (const Case& row : cases) {
@@ -81,8 +85,7 @@ TEST(Polyline, SettersChangeTheirOwnTagsOnly)
             ASSERT_EQ(line.openStatus(), Acad::eOk);
             row.change(*line);
         }
-        EXPECT_EQ(drawing.record(drawing.idOf("A0")),
-                  dxf(std::string(kHead).append(row.after)));
+        EXPECT_EQ(drawing.record(drawing.idOf("A0")), dxf(std::string(kHead).append(row.after)));
     }
 }
 
@@ -122,10 +125,12 @@ TEST(OldPolyline, DrawsWhatItsVerticesSay)
          "0|10 3|20 0|0 VERTEX|5 A3|8 0|10 3|20 3",
          "closed 0,0,5 3,0,5 3,3,5\n"},
         // the frame of a splined one is not drawn
-        {"0 POLYLINE|5 A0|8 0|66 1|70 4|0 VERTEX|5 A1|8 0|10 0|20 0|70 16|0 VERTEX|5 A2|8 0|10 1|20 "
+        {"0 POLYLINE|5 A0|8 0|66 1|70 4|0 VERTEX|5 A1|8 0|10 0|20 0|70 16|0 VERTEX|5 A2|8 0|10 "
+         "1|20 "
          "0|70 8|0 VERTEX|5 A3|8 0|10 2|20 0|70 8",
          "line 1,0 2,0\n"},
-        {"0 POLYLINE|5 A0|8 0|66 1|70 8|0 VERTEX|5 A1|8 0|10 0|20 0|30 1|70 32|0 VERTEX|5 A2|8 0|10 "
+        {"0 POLYLINE|5 A0|8 0|66 1|70 8|0 VERTEX|5 A1|8 0|10 0|20 0|30 1|70 32|0 VERTEX|5 A2|8 "
+         "0|10 "
          "1|20 0|30 4|70 32",
          "line 0,0,1 1,0,4\n"},
         {"0 POLYLINE|5 A0|8 0|66 1|70 17|71 2|72 2|0 VERTEX|5 A1|8 0|10 0|20 0|70 64|0 VERTEX|5 "

@@ -51,7 +51,8 @@ TEST(EntityShapes, DrawThemselvesInTheWorld)
 
 TEST(EntityShapes, ArcReadsItsNormalFromEitherPart)
 {
-    const std::string circlePart = "0 ARC|5 A0|100 AcDbEntity|8 0|100 AcDbCircle|10 5|20 0|30 0|40 2";
+    const std::string circlePart =
+        "0 ARC|5 A0|100 AcDbEntity|8 0|100 AcDbCircle|10 5|20 0|30 0|40 2";
     for (const std::string& tail : {std::string("|210 0|220 0|230 -1|100 AcDbArc|50 0|51 90"),
                                     std::string("|100 AcDbArc|50 0|51 90|210 0|220 0|230 -1")}) {
         SCOPED_TRACE(tail);
@@ -101,16 +102,16 @@ TEST(Ellipse, AnglesFollowTheParameters)
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.parameters);
-        ReadDrawing drawing =
-            openText("0 ELLIPSE|5 A0|100 AcDbEntity|8 0|100 AcDbEllipse|10 1|20 2|30 0|11 4|21 0|31 "
-                     "0|210 0|220 0|230 1|40 " +
-                     std::to_string(row.ratio) + row.parameters);
+        ReadDrawing drawing = openText(
+            "0 ELLIPSE|5 A0|100 AcDbEntity|8 0|100 AcDbEllipse|10 1|20 2|30 0|11 4|21 0|31 "
+            "0|210 0|220 0|230 1|40 " +
+            std::to_string(row.ratio) + row.parameters);
         AcDbObjectPointer<AcDbEllipse> ellipse(drawing.idOf("A0"), AcDb::kForRead);
         ASSERT_EQ(ellipse.openStatus(), Acad::eOk);
         EXPECT_NEAR(ellipse->startAngle(), row.start, 1e-12);
         EXPECT_NEAR(ellipse->endAngle(), row.end, 1e-12);
-        EXPECT_EQ(ellipse->isClosed(), row.end - row.start > 6.2 && row.start == 0.0 ? true
-                                       : row.end - row.start > 6.2);
+        EXPECT_EQ(ellipse->isClosed(),
+                  row.end - row.start > 6.2 && row.start == 0.0 ? true : row.end - row.start > 6.2);
     }
 }
 
@@ -129,8 +130,9 @@ TEST(Xline, HasNoExtentsButIsDrawn)
 
 TEST(Wipeout, FrameIsItsClipBoundaryInTheWorld)
 {
-    const std::string head = "0 WIPEOUT|5 A0|100 AcDbEntity|8 0|100 AcDbWipeout|90 0|10 10|20 20|30 "
-                             "0|11 4|21 0|31 0|12 0|22 4|32 0|13 1|23 1|340 0|70 7";
+    const std::string head =
+        "0 WIPEOUT|5 A0|100 AcDbEntity|8 0|100 AcDbWipeout|90 0|10 10|20 20|30 "
+        "0|11 4|21 0|31 0|12 0|22 4|32 0|13 1|23 1|340 0|70 7";
     const std::pair<std::string, std::string> cases[] = {
         {"|280 0", "closed 10,24 14,24 14,20 10,20\n"},
         {"|280 1|71 1|91 2|14 -0.5|24 -0.5|14 0|24 0.5", "closed 10,24 12,24 12,20 10,20\n"},

@@ -58,9 +58,9 @@ TEST(Text, JustificationJoinsBothModes)
         AcDbObjectPointer<AcDbText> text(marked.idOf("A0"), AcDb::kForRead);
         ASSERT_EQ(text.openStatus(), Acad::eOk);
         EXPECT_EQ(text->justification(), row.code);
-        ReadDrawing old = openText("0 TEXT|5 A0|8 0|10 0|20 0|40 1|1 x|72 " + across +
-                                       "|11 5|21 5|73 " + up,
-                                   DxfVersion::r12);
+        ReadDrawing old =
+            openText("0 TEXT|5 A0|8 0|10 0|20 0|40 1|1 x|72 " + across + "|11 5|21 5|73 " + up,
+                     DxfVersion::r12);
         AcDbObjectPointer<AcDbText> plain(old.idOf("A0"), AcDb::kForRead);
         ASSERT_EQ(plain.openStatus(), Acad::eOk);
         EXPECT_EQ(plain->justification(), row.code);
@@ -164,17 +164,16 @@ TEST(MText, LongContentsAreSplit)
     EXPECT_EQ(text->setContents(whole), Acad::eOk);
     EXPECT_EQ(text->contents(), whole);
     const std::string record = drawing.record(drawing.idOf("A0"));
-    EXPECT_NE(record.find("3\n" + std::string(250, 'a') + "\n3\n" + std::string(250, 'b') +
-                          "\n1\nc\n"),
-              std::string::npos);
+    EXPECT_NE(
+        record.find("3\n" + std::string(250, 'a') + "\n3\n" + std::string(250, 'b') + "\n1\nc\n"),
+        std::string::npos);
 }
 
 TEST(MText, AttachmentPlacesItsLines)
 {
     // two lines of height 3 on a 5 apart baseline: 8 tall
-    const std::pair<std::string, std::string> cases[] = {{"1", "text 10,7 "},
-                                                         {"4", "text 10,11 "},
-                                                         {"7", "text 10,15 "}};
+    const std::pair<std::string, std::string> cases[] = {
+        {"1", "text 10,7 "}, {"4", "text 10,11 "}, {"7", "text 10,15 "}};
     for (const auto& [attachment, first] : cases) {
         SCOPED_TRACE(attachment);
         ReadDrawing drawing = openText("0 MTEXT|5 A0|100 AcDbEntity|8 0|100 AcDbMText|10 10|20 "

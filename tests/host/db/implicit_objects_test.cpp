@@ -197,6 +197,25 @@ TEST(ImplicitObjects, BrokenFilesOpenAndStayAsTheyAre)
     }
 }
 
+// Seen in a file whose model space was called "*U".
+TEST(ImplicitObjects, SpaceWithoutItsNameIsToldByItsEntities)
+{
+    DxfDrawing drawing;
+    drawing.block("Tree");
+    drawing.line();
+    std::string text = drawing.text();
+    for (std::size_t at = 0; (at = text.find("*Model_Space")) != std::string::npos;)
+        text.replace(at, 12, "*U");
+    ReadDrawing read(text);
+    EXPECT_EQ(read.database().modelSpaceId(), read.idOf("1F"));
+    EXPECT_EQ(typesIn(read.drawing(), read.drawing().modelSpace), "LINE");
+    EXPECT_EQ(blockNamed(read, L"*Model_Space"), read.drawing().modelSpace);
+    AcDbObjectPointer<AcDbBlockTableRecord> space(read.database().modelSpaceId(), AcDb::kForRead);
+    EXPECT_TRUE(space->isLayout());
+    EXPECT_FALSE(space->isAnonymous());
+    EXPECT_EQ(read.written(), text);
+}
+
 TEST(ImplicitObjects, HandlesLieAboveAllOthersAndAreTheSameAtEachOpening)
 {
     const std::string text = section("HEADER", "9\n$HANDSEED\n5\n50\n") +

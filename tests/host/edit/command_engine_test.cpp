@@ -119,6 +119,20 @@ TEST_F(CommandEngineTest, TranscriptReadsLikeASessionAtTheKeyboard)
     EXPECT_EQ(session().engine().unknownCommands(), 1);
 }
 
+TEST_F(CommandEngineTest, ALineEndThatLeavesThePromptsLineMakesNoEmptyOne)
+{
+    command(L"OLD", [] {
+        std::wstring answer;
+        acedGetString(0, L"\nName: ", answer);
+        acutPrintf(L"\n%s\n\nDone", answer.c_str());
+    });
+    printed();
+    EXPECT_EQ(transcript(L"old x\n"), L"Command: old\nName: x\nx\n\nDone\nCommand: ");
+    printed();
+    typeAtTerminal(L"old x\n");
+    EXPECT_EQ(printed(), L"Name: x\n\nDone\nCommand: ");
+}
+
 TEST_F(CommandEngineTest, CharactersMayComeOneByOne)
 {
     printed();

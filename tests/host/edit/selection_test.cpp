@@ -167,10 +167,13 @@ TEST_F(SelectionTest, ByHandentRefusesWhatIsNoLivingEntity)
 
 TEST_F(SelectionTest, APauseLastsForTheWholeSelection)
 {
-    command(L"CALLS", [] { acedCommand({host::textToken(L"PICK"), host::textToken(L"\\")}); });
-    type(L"calls\nl\n5,0\n\n");
-    EXPECT_EQ(picked, (Ids{far_, flat_}));
-    EXPECT_EQ(session().engine().waiting().kind, host::WaitKind::command);
+    static Ids atReturn;
+    command(L"CALLS", [] {
+        acedCommand({host::textToken(L"PICK"), host::textToken(L"\\")});
+        atReturn = picked;
+    });
+    type(L"calls\nl\nw -1,-1\n11,1\n\n");
+    EXPECT_EQ(atReturn, (Ids{far_, flat_}));
 }
 
 TEST_F(SelectionTest, TakesEntitiesAndSetsFromACaller)

@@ -58,10 +58,10 @@ TEST_F(SystemVariablesTest, TakeTheirOwnTypeAndShortsForWiderNumbers)
         {L"LUPREC", textOf(L"6"), RTERROR},       {L"LUPREC", shortOf(9), RTERROR},
         {L"LUPREC", shortOf(-1), RTERROR},        {L"LTSCALE", realOf(2.5), RTNORM},
         {L"LTSCALE", shortOf(3), RTNORM},         {L"LTSCALE", realOf(0.0), RTERROR},
-        {L"CLAYER", textOf(L"0"), RTNORM},        {L"CLAYER", textOf(L"nowhere"), RTERROR},
-        {L"CLAYER", shortOf(0), RTERROR},         {L"USERS1", textOf(L"a b"), RTNORM},
-        {L"CMDNAMES", textOf(L"x"), RTERROR},     {L"HANDSEED", textOf(L"1"), RTERROR},
-        {L"NOSUCHVARIABLE", shortOf(1), RTERROR},
+        {L"ELEVATION", textOf(L"2"), RTERROR},    {L"CLAYER", textOf(L"0"), RTNORM},
+        {L"CLAYER", textOf(L"nowhere"), RTERROR}, {L"CLAYER", shortOf(0), RTERROR},
+        {L"USERS1", textOf(L"a b"), RTNORM},      {L"CMDNAMES", textOf(L"x"), RTERROR},
+        {L"HANDSEED", textOf(L"1"), RTERROR},     {L"NOSUCHVARIABLE", shortOf(1), RTERROR},
     };
     for (const Case& each : cases)
         EXPECT_EQ(acedSetVar(each.name, each.value), each.result) << each.name;

@@ -43,7 +43,7 @@ TEST(DrawingReader, RefusesWhatItCannotFollowAndNamesTheLine)
         {"cut inside a code", kStart + "  ", L"plan.dxf, line 15: the file ends inside a group",
          Acad::eEndOfFile},
         {"code with a letter", entities(line + "1O 1.0"),
-         L"plan.dxf, line 25: '1O' is no group code"},
+         L"plan.dxf, line 25: ' 1O' is no group code"},
         {"empty code", kStart + "\nSECTION\n" + kEnd, L"plan.dxf, line 15: '' is no group code"},
         {"code too great", entities(line + "40000 1.0"),
          L"plan.dxf, line 25: '40000' is no group code"},
