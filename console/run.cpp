@@ -120,6 +120,7 @@ void typeAll(host::HostSession& session, ConsoleOutput& output,
     engine.feedEnd();
     engine.run();
     session.output().freshLine();
+    output.flush();
 }
 
 host::SessionOptions sessionOptions(const Arguments& arguments, ConsoleOutput& output)

@@ -4,22 +4,6 @@
 #include "text/number_text.h"
 #include "text/text_splitting.h"
 
-#include <algorithm>
-
-namespace {
-
-// Names of classes compare folded with the new name as it is written: only a repeat in lower case
-// is caught, as descriptions in use rely on.
-bool isRepeated(const ClassDef& classDef, std::wstring_view writtenName)
-{
-    if (host::lowerCased(classDef.name) == writtenName)
-        return true;
-    return std::any_of(classDef.children.begin(), classDef.children.end(),
-                       [&](const ClassDef& child) { return isRepeated(child, writtenName); });
-}
-
-} // namespace
-
 void enterOpenObject(ReadingState& state)
 {
     if (state.currentName == state.lastClassedName || !state.currentObject.props.isComplete())
@@ -37,8 +21,11 @@ bool readClass(ReadingState& state, Tokens tokens)
 
     ClassDef classDef;
     classDef.name = trimmedItem(tokens[1]);
-    if (isRepeated(state.description.rootClass, classDef.name))
+    // Names of classes compare folded with the new name as it is written: only a repeat in lower
+    // case is caught, as descriptions in use rely on.
+    if (state.classNames.contains(classDef.name))
         return state.fail(Message::redefinition, classDef.name);
+    state.classNames.insert(host::lowerCased(classDef.name));
     classDef.drawable = leadingInteger(tokens[2]) > 0;
     state.classEnabled = classDef.drawable;
     if (tokens.size() == 4)

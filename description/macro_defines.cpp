@@ -7,21 +7,25 @@ namespace {
 constexpr std::wstring_view kOpening = L"$(";
 constexpr std::wstring_view kForbidden = L"`~!@#$%^&*()=+[]{};:'\"\\|,<.>/? \t";
 
-// Macros put together from pieces of other macros can name themselves unseen. Their expansion stops
-// here; no other comes near.
+// Macros put together from pieces of other macros can name themselves unseen, and each of a row of
+// macros can hold the one before it twice. Their expansion stops here; no other comes near.
 constexpr int kMostReplacements = 10'000;
 constexpr std::size_t kLongestExpansion = std::size_t{1} << 20; // characters
 
-void replaceAll(std::wstring& text, const std::wstring& part, const std::wstring& by)
+// False, and the text stays, when the result would be too long.
+bool replaceAll(std::wstring& text, const std::wstring& part, const std::wstring& by)
 {
     std::wstring result;
     std::size_t at = 0;
     for (std::size_t found; (found = text.find(part, at)) != text.npos; at = found + part.size()) {
         result.append(text, at, found - at);
         result += by;
+        if (result.size() > kLongestExpansion)
+            return false;
     }
     result.append(text, at);
     text = std::move(result);
+    return true;
 }
 
 } // namespace
@@ -43,7 +47,7 @@ MacroDefines::Outcome MacroDefines::define(std::wstring_view name, std::wstring_
 std::wstring MacroDefines::expand(std::wstring text) const
 {
     std::size_t from = 0;
-    for (int replaced = 0; replaced < kMostReplacements && text.size() < kLongestExpansion;) {
+    for (int replaced = 0; replaced < kMostReplacements;) {
         const std::size_t opening = text.find(kOpening, from);
         if (opening == text.npos)
             break;
@@ -54,9 +58,10 @@ std::wstring MacroDefines::expand(std::wstring text) const
         const auto value = values_.find(host::lowerCased(macro));
         if (value == values_.end()) {
             from = closing + 1;
-        } else {
-            replaceAll(text, macro, value->second);
+        } else if (replaceAll(text, macro, value->second)) {
             ++replaced;
+        } else {
+            break;
         }
     }
     return text;

@@ -5,6 +5,8 @@
 #include "store/od_store.h"
 #include "text/message_sink.h"
 
+#include <map>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -48,9 +50,10 @@ struct ReadingState {
     MacroDefines defines;
     // The open classes, innermost last. Only the innermost gets children, so none of them moves.
     std::vector<ClassDef*> classStack{&description.rootClass};
+    std::set<std::wstring> classNames{std::wstring()}; // lower-cased, that of the root too
     std::wstring currentName;     // lower-cased name of the open object; empty when none is
     std::wstring lastClassedName; // the last one that a class took in
     ObjectDef currentObject;
-    TableDef currentTable;            // without a name when none is open
-    std::vector<TableDef> seenTables; // every distinct table so far
+    TableDef currentTable;                       // without a name when none is open
+    std::map<std::wstring, TableDef> seenTables; // the first of each name, lower-cased
 };

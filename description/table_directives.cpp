@@ -78,19 +78,6 @@ std::wstring_view trimmedField(std::wstring_view text)
     return trimmedRight(trimmedLeft(text, L" "), L" \n\r");
 }
 
-bool agreesWithSeen(const ReadingState& state)
-{
-    return std::all_of(state.seenTables.begin(), state.seenTables.end(), [&](const TableDef& seen) {
-        return isCompatible(state.currentTable, seen);
-    });
-}
-
-bool isSeen(const ReadingState& state)
-{
-    return std::any_of(state.seenTables.begin(), state.seenTables.end(),
-                       [&](const TableDef& seen) { return sameTable(state.currentTable, seen); });
-}
-
 } // namespace
 
 bool finishTable(ReadingState& state)
@@ -103,11 +90,10 @@ bool finishTable(ReadingState& state)
     else if (!tableMatches(table, state.storeId()))
         return state.fail(Message::tableDiffers, table.name);
 
-    if (!isSeen(state)) {
-        if (!agreesWithSeen(state))
-            return state.fail(Message::tableConflict, table.name);
-        state.seenTables.push_back(table);
-    }
+    // What is compatible with the first table of a name is so with all others that are.
+    const auto [seen, isNew] = state.seenTables.try_emplace(host::lowerCased(table.name), table);
+    if (!isNew && !sameTable(table, seen->second) && !isCompatible(table, seen->second))
+        return state.fail(Message::tableConflict, table.name);
     state.currentObject.props.tables.push_back(std::move(table));
     table = {};
     return true;

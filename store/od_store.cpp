@@ -58,9 +58,6 @@ AcDbObjectId OdStore::getStoreId(AcDbDatabase* database)
         return {};
     // Undo may have taken back the dictionary, or somebody may have put another in its place.
     AcDbObjectId& id = stores_[namedObjectsId.databaseNumber()];
-    if (!id.isNull() && !id.isErased() && namedObjects->has(id))
-        return id;
-    id.setNull();
     if (namedObjects->getAt(kStoreName, id) == Acad::eKeyNotFound)
         id = makeStore(*namedObjects);
     return id;

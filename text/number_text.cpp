@@ -26,6 +26,15 @@ std::size_t countDigits(std::wstring_view text, std::size_t from)
     return at - from;
 }
 
+// Whether digits with at most one point among them, times ten to the exponent, stay below 1. Not
+// all of them are zero.
+bool isBelowOne(std::wstring_view digits, std::int64_t exponent)
+{
+    const auto point = static_cast<std::int64_t>(std::min(digits.find(L'.'), digits.size()));
+    const auto first = static_cast<std::int64_t>(digits.find_first_not_of(L"0."));
+    return (first < point ? point - first - 1 : point - first) + exponent < 0;
+}
+
 // Takes white space and a real off the front of `text`; nothing if no digit is met.
 std::optional<double> takeReal(std::wstring_view& text)
 {
@@ -44,13 +53,16 @@ std::optional<double> takeReal(std::wstring_view& text)
     }
     if (whole + fraction == 0)
         return std::nullopt;
-    bool negativeExponent = false;
+    const std::wstring_view digits = number.substr(begin, end - begin);
+    std::int64_t exponent = 0;
     if (end < number.size() && (number[end] == L'e' || number[end] == L'E')) {
-        std::size_t digits = end + 1;
-        if (digits < number.size() && (number[digits] == L'-' || number[digits] == L'+'))
-            negativeExponent = number[digits++] == L'-';
-        if (const std::size_t count = countDigits(number, digits))
-            end = digits + count;
+        std::size_t first = end + 1;
+        if (first < number.size() && (number[first] == L'-' || number[first] == L'+'))
+            ++first;
+        if (const std::size_t count = countDigits(number, first)) {
+            exponent = leadingInteger(number.substr(end + 1));
+            end = first + count;
+        }
     }
     text = number.substr(end);
 
@@ -60,7 +72,7 @@ std::optional<double> takeReal(std::wstring_view& text)
     const std::from_chars_result read =
         std::from_chars(ascii.data(), ascii.data() + ascii.size(), value);
     if (read.ec == std::errc::result_out_of_range)
-        value = negativeExponent ? 0.0 : std::numeric_limits<double>::infinity();
+        value = isBelowOne(digits, exponent) ? 0.0 : std::numeric_limits<double>::infinity();
     return negative ? -value : value;
 }
 

@@ -12,7 +12,7 @@ namespace host {
 
 void scriptCommand()
 {
-    CAcUiFileDialog dialog(true, L"scr", {}, OFN_FILEMUSTEXIST, L"Script (*.scr)|*.scr||", nullptr);
+    CAcUiFileDialog dialog(true, L"scr", {}, 0, L"Script (*.scr)|*.scr||", nullptr);
     if (dialog.DoModal() != IDOK)
         return;
     std::string error;

@@ -392,20 +392,6 @@ std::wstring dictionaryKey(Drawing& drawing, std::uint32_t dictionary, std::uint
     return key;
 }
 
-bool dropErasedEntries(const Drawing& drawing, TagList& tags)
-{
-    std::vector<EntryPlace> dead;
-    eachEntry(tags, [&](const EntryPlace& place) {
-        const std::uint64_t handle = place.pointer == npos ? 0 : tags.handle(place.pointer);
-        if (drawing.index.findHandle(handle) != 0 && !livesIn(drawing, handle))
-            dead.push_back(place);
-        return true;
-    });
-    for (auto place = dead.rbegin(); place != dead.rend(); ++place)
-        tags.erase(place->key, place->end);
-    return !dead.empty();
-}
-
 AcDbObjectId standardDictionary(Drawing& drawing, std::wstring_view key)
 {
     AcDbObjectId id = dictionaryEntry(drawing, drawing.rootDictionary, key);

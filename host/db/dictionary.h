@@ -118,10 +118,6 @@ AcDbObjectId dictionaryEntry(Drawing& drawing, std::uint32_t dictionary, std::ws
 // The key under which a dictionary holds the object; empty for none.
 std::wstring dictionaryKey(Drawing& drawing, std::uint32_t dictionary, std::uint32_t object);
 
-// Takes the entries whose objects are erased out of a dictionary's tags; entries that never named
-// anything stay. True when there were some. What is written to a file goes through this.
-bool dropErasedEntries(const Drawing& drawing, TagList& tags);
-
 // The root dictionary's dictionary of that key ("ACAD_GROUP"), made if the drawing has none; null
 // id when the root cannot be opened for write.
 AcDbObjectId standardDictionary(Drawing& drawing, std::wstring_view key);

@@ -4,6 +4,7 @@
 #include "host/db/database.h"
 #include "host/db/entity.h"
 #include "host/db/implicit_objects.h"
+#include "host/db/symbol_names.h"
 
 #include <algorithm>
 #include <cassert>
@@ -76,7 +77,7 @@ void Drawing::restore(std::uint32_t stub, const ObjectState& state)
         record.object->tagsReplaced();
     }
     noteChanged(stub);
-    if ((record.flags & kEntity) == 0)
+    if (isSymbolRecord(*this, stub))
         ++symbolGeneration;
     if ((record.flags & kStructure) == 0)
         tellRestored(stub, before);
@@ -139,7 +140,7 @@ void Drawing::refreshStub(std::uint32_t stub, const TagList& tags)
     if (flags & (kEntity | kChild)) {
         const std::size_t layer = findField(tags, kEntityPart, 8);
         record.layer = layer == TagList::npos ? 0 : index.layers().number(tags[layer].bytes());
-    } else {
+    } else if (isSymbolRecord(*this, stub)) {
         ++symbolGeneration;
     }
     record.flags = flags;

@@ -5,6 +5,7 @@
 #include "host/db/dictionary.h"
 #include "host/db/entity.h"
 #include "host/db/layer_visibility.h"
+#include "host/db/symbol_names.h"
 #include "host/db/xrecord.h"
 #include "host/text/case_mapping.h"
 
@@ -397,7 +398,7 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
         stub.flags |= host::kErased;
     else
         stub.flags &= static_cast<std::uint16_t>(~host::kErased);
-    if ((stub.flags & (host::kEntity | host::kChild)) == 0)
+    if (host::isSymbolRecord(*drawing_, stub_))
         ++drawing_->symbolGeneration;
     AcDbObjectPointer<AcDbDictionary> owned(erasing ? dictionary : ownExtensionDictionary(),
                                             AcDb::kForWrite, true);
@@ -405,8 +406,13 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
         owned->erase(erasing);
     subErase(erasing);
     if (erasing) {
-        // what lists this object among its members loses it: a group, a hatch with its boundary
-        for (const AcDbObjectId holder : persistentReactors()) {
+        // what lists this object among its members loses it: a dictionary, a group, a hatch with
+        // its boundary
+        std::vector<AcDbObjectId> holders = persistentReactors();
+        if (ownerId().objectClass() &&
+            ownerId().objectClass()->isDerivedFrom(AcDbDictionary::desc()))
+            holders.push_back(ownerId());
+        for (const AcDbObjectId holder : holders) {
             AcDbObjectPointer<AcDbObject> object(holder, AcDb::kForWrite);
             if (object.openStatus() == Acad::eOk)
                 object->memberErased(objectId());

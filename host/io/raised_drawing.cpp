@@ -110,14 +110,15 @@ void RaisedFile::addHeader()
             tags.addTag(tag);
     }
     const std::string name = "AC" + std::to_string(static_cast<int>(version_));
-    const std::size_t at = tags.find(9, "$ACADVER");
-    if (at != TagList::npos && at + 1 < tags.size()) {
-        tags.setBytes(at + 1, name);
-    } else {
-        const std::size_t behind = std::min(tags.find(2), tags.size() - 1) + 1;
-        tags.insertText(behind, 9, L"$ACADVER");
-        tags.insertBytes(behind + 1, 1, name);
+    std::size_t at = tags.find(9, "$ACADVER");
+    if (at == TagList::npos) {
+        at = std::min(tags.find(2), tags.size() - 1) + 1;
+        tags.insertText(at, 9, L"$ACADVER");
     }
+    if (at + 1 < tags.size() && tags[at + 1].code == 1)
+        tags.setBytes(at + 1, name);
+    else
+        tags.insertBytes(at + 1, 1, name);
     setHandleSeed(tags, nextHandle_);
     std::string body;
     body.swap(out_);

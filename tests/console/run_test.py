@@ -16,9 +16,11 @@ class Input(ConsoleTest):
                                 "LUPREC")
         self.assertEqual(
             [text for text in told.split("\n") if "new value" in text],
-            [f"Enter new value for LUPREC <{before}>: {after}"
-             for before, after in (("4", "1"), ("1", "6"), ("6", "3"), ("3", "2"), ("2", ""))][:4]
-            + ["Enter new value for LUPREC <2>: *Cancel*"])
+            ["Enter new value for LUPREC <4>: 1",
+             "Enter new value for LUPREC <1>: 6",
+             "Enter new value for LUPREC <6>: 3",
+             "Enter new value for LUPREC <3>: 2",
+             "Enter new value for LUPREC <2>: *Cancel*"])
 
     def test_a_text_may_begin_with_a_hyphen_or_a_bracket(self):
         told = self.run_program("-c", "-LAYER N x ", "-c", "[nothing]", "-c", "%%", status=4)

@@ -79,6 +79,13 @@ TEST_F(TypedCommands, ScriptTypesItsLines)
     EXPECT_EQ(session().engine().unknownCommands(), 0);
 }
 
+TEST_F(TypedCommands, AScriptThatIsMissingIsTold)
+{
+    const std::wstring told = transcript(L"SCRIPT\nmissing.scr\nREGEN\n");
+    EXPECT_NE(told.find(L"missing.scr", told.find(L"missing.scr") + 1), std::wstring::npos);
+    EXPECT_TRUE(told.ends_with(L"Command: REGEN\nRegenerating model.\nCommand: "));
+}
+
 TEST_F(TypedCommands, ScriptsNest)
 {
     const std::wstring inner = script("inner.scr", "LUPREC 7\n");
