@@ -3,6 +3,7 @@
 #include "host/db/database.h"
 #include "host/db/dictionary.h"
 #include "host/edit/document.h"
+#include "text/text_comparison.h"
 
 namespace {
 
@@ -58,6 +59,9 @@ AcDbObjectId OdStore::getStoreId(AcDbDatabase* database)
         return {};
     // Undo may have taken back the dictionary, or somebody may have put another in its place.
     AcDbObjectId& id = stores_[namedObjectsId.databaseNumber()];
+    std::wstring key;
+    if (namedObjects->nameAt(id, key) == Acad::eOk && textEqualNoCase(key, kStoreName))
+        return id;
     if (namedObjects->getAt(kStoreName, id) == Acad::eKeyNotFound)
         id = makeStore(*namedObjects);
     return id;

@@ -50,7 +50,7 @@ bool inRange(int code)
         int first;
         int last;
     };
-    constexpr Range kTexts[] = {{0, 9},     {100, 105}, {300, 309},  {410, 419},
+    constexpr Range kTexts[] = {{0, 9},     {100, 105}, {300, 309}, {410, 419},
                                 {430, 439}, {470, 479}, {999, 999}, {1000, 1009}};
     for (const Range& range : kTexts)
         if (code >= range.first && code <= range.last)
@@ -116,9 +116,7 @@ BinaryTrouble takeBinaryTag(const char*& at, const char* last, BinaryCodes codes
 }
 
 BinaryForm::BinaryForm(DxfVersion version, CodePage page, BinaryCodes codes)
-    : version_(version)
-    , page_(std::move(page))
-    , codes_(codes)
+    : version_(version), page_(std::move(page)), codes_(codes)
 {
 }
 
@@ -145,7 +143,8 @@ std::wstring BinaryForm::text(const Tag& tag) const
 
 double BinaryForm::real(const Tag& tag) const
 {
-    return tagKind(tag.code) == TagKind::real ? std::bit_cast<double>(fromBytes(tag.value, 8)) : 0.0;
+    return tagKind(tag.code) == TagKind::real ? std::bit_cast<double>(fromBytes(tag.value, 8))
+                                              : 0.0;
 }
 
 std::int64_t BinaryForm::integer(const Tag& tag) const

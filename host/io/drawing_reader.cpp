@@ -60,10 +60,7 @@ std::wstring describe(std::string_view file, const ScanTrouble& trouble, bool bi
 
 // Two parts, each with notes of its own; the second has its own numbers of types and layers.
 struct Scan {
-    explicit Scan(RecordIndex& index)
-        : first(index.types(), index.layers())
-    {
-    }
+    explicit Scan(RecordIndex& index) : first(index.types(), index.layers()) {}
 
     RecordNotes first;
     NameTable<std::uint16_t> types;
@@ -106,12 +103,10 @@ void scanTextFile(std::string_view file, Scan& scan)
 
     std::vector<std::uint16_t> types(1);
     for (std::size_t i = 1; i <= scan.types.size(); ++i)
-        types.push_back(
-            scan.first.typeNumber(scan.types.name(static_cast<std::uint16_t>(i))));
+        types.push_back(scan.first.typeNumber(scan.types.name(static_cast<std::uint16_t>(i))));
     std::vector<std::uint32_t> layers(1);
     for (std::size_t i = 1; i <= scan.layers.size(); ++i)
-        layers.push_back(
-            scan.first.layerNumber(scan.layers.name(static_cast<std::uint32_t>(i))));
+        layers.push_back(scan.first.layerNumber(scan.layers.name(static_cast<std::uint32_t>(i))));
     for (RecordNote& note : scan.second) {
         note.type = types[note.type];
         note.layer = layers[note.layer];

@@ -21,7 +21,9 @@ std::wstring shown(std::string_view name)
 
 } // namespace
 
-DrawingStructure::DrawingStructure(Drawing& drawing) : drawing_(drawing) {}
+DrawingStructure::DrawingStructure(Drawing& drawing) : drawing_(drawing)
+{
+}
 
 DrawingStructure::Kind DrawingStructure::kindOf(std::uint16_t type)
 {
@@ -128,9 +130,9 @@ std::wstring DrawingStructure::place(Kind kind, std::string_view type, Stub& stu
     switch (kind) {
     case Kind::section:
         stub.flags |= kStructure;
-        return beginSection(number,
-                            type.size() > kSectionMark.size() ? type.substr(kSectionMark.size())
-                                                              : std::string_view());
+        return beginSection(number, type.size() > kSectionMark.size()
+                                        ? type.substr(kSectionMark.size())
+                                        : std::string_view());
     case Kind::sectionEnd:
         stub.flags |= kStructure;
         if (section_ == Section::none) {

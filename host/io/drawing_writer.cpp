@@ -26,10 +26,7 @@ struct Edit {
 class Planner {
 public:
     Planner(Drawing& drawing, const WrittenRecords& written)
-        : drawing_(drawing)
-        , written_(written)
-        , bytes_(drawing)
-        , nextHandle_(drawing.nextHandle)
+        : drawing_(drawing), written_(written), bytes_(drawing), nextHandle_(drawing.nextHandle)
     {
     }
 
@@ -44,8 +41,7 @@ private:
     std::string imageOf(std::uint32_t stub) const
     {
         const Stub& record = drawing_.index[stub];
-        return std::string(
-            drawing_.source->image()->bytes().substr(record.offset, record.length));
+        return std::string(drawing_.source->image()->bytes().substr(record.offset, record.length));
     }
 
     void replace(std::uint32_t stub, std::string bytes);
@@ -161,9 +157,8 @@ void Planner::addEntities()
             const bool paper = record == drawing_.paperSpace;
             const std::uint64_t handle = drawing_.index[record].handle;
             const auto source = drawing_.source;
-            const TagList begin =
-                makeBlockBegin(source, nextHandle_++, handle,
-                               symbolName(drawing_, "BLOCK_RECORD", record), paper);
+            const TagList begin = makeBlockBegin(
+                source, nextHandle_++, handle, symbolName(drawing_, "BLOCK_RECORD", record), paper);
             const TagList end = makeBlockEnd(source, nextHandle_++, handle, paper);
             tail("BLOCKS") += bytes_.tags(begin) + contents + bytes_.tags(end);
         }
@@ -304,9 +299,8 @@ void Planner::makeSections()
                 break;
             }
         const bool hasBegin = name == "HEADER"; // the header's record is its SECTION
-        edits_[next].before +=
-            (hasBegin ? std::string() : bytes_.sectionBegin(name)) + head + end +
-            bytes_.sectionEnd();
+        edits_[next].before += (hasBegin ? std::string() : bytes_.sectionBegin(name)) + head + end +
+                               bytes_.sectionEnd();
     }
 }
 

@@ -12,6 +12,16 @@
 
 namespace host {
 
+namespace {
+
+FileOutcome changedOutside(const std::filesystem::path& path)
+{
+    return {Acad::eFileAccessErr, shownPath(path) + L" is not saved: another program has changed "
+                                                    L"the file that this drawing was opened from"};
+}
+
+} // namespace
+
 FileOutcome DxfFormat::read(const std::filesystem::path& path, Drawing& drawing)
 {
     std::string error;
@@ -33,11 +43,11 @@ void DxfFormat::makeNew(Drawing& drawing)
 
 FileOutcome DxfFormat::save(Drawing& drawing, const std::filesystem::path& path)
 {
+    if (!drawing.source)
+        return {Acad::eInvalidInput, shownPath(path) + L" is not saved: the drawing is empty"};
     const FileImage& image = *drawing.source->image();
     if (image.changedOnDisk())
-        return {Acad::eFileAccessErr,
-                shownPath(path) + L" is not saved: another program has changed the file that this "
-                                  L"drawing was opened from"};
+        return changedOutside(path);
     const WritePlan plan = planWriting(drawing);
     std::string error;
     const std::unique_ptr<SafeSave> file = SafeSave::begin(path, error);
@@ -51,9 +61,7 @@ FileOutcome DxfFormat::save(Drawing& drawing, const std::filesystem::path& path)
     }
     // what was cut off meanwhile reads as zeros, which must not take the file's name
     if (image.changedOnDisk())
-        return {Acad::eFileAccessErr,
-                shownPath(path) + L" is not saved: another program has changed the file that this "
-                                  L"drawing was opened from"};
+        return changedOutside(path);
     if (!file->commit(error))
         return {Acad::eFileAccessErr, fromUtf8(error)};
     return {Acad::eOk, plan.message};
@@ -61,12 +69,14 @@ FileOutcome DxfFormat::save(Drawing& drawing, const std::filesystem::path& path)
 
 FileOutcome DxfFormat::write(Drawing& drawing, std::string& bytes)
 {
+    if (!drawing.source)
+        return {Acad::eInvalidInput, L"the drawing is empty"};
     const WritePlan plan = planWriting(drawing);
     const std::string_view image = drawing.source->image()->bytes();
     bytes.clear();
     for (const WritePiece& piece : plan.pieces)
-        bytes += piece.length ? image.substr(piece.offset, piece.length)
-                              : std::string_view(piece.bytes);
+        bytes +=
+            piece.length ? image.substr(piece.offset, piece.length) : std::string_view(piece.bytes);
     return {Acad::eOk, plan.message};
 }
 

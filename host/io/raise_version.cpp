@@ -33,8 +33,8 @@ std::optional<Raise> findRaise(Drawing& drawing, const WrittenRecords& written)
             colors = colors || tags->find(kTrueColor, 0, end) != TagList::npos;
             const std::size_t weight = tags->find(kLineWeight, 0, end);
             if (weight != TagList::npos)
-                weights = weights || tags->integer(weight) !=
-                                         (isEntity ? kUsualForEntities : kUsualForLayers);
+                weights = weights ||
+                          tags->integer(weight) != (isEntity ? kUsualForEntities : kUsualForLayers);
             if (isEntity && entity.empty() && number > drawing.fileRecords && !isEntityOfR12(type))
                 entity.assign(type.begin(), type.end());
         }

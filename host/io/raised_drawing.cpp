@@ -73,12 +73,9 @@ std::unique_ptr<const TagForm> formOf(const Drawing& drawing, DxfVersion version
 }
 
 RaisedFile::RaisedFile(Drawing& drawing, const WrittenRecords& written, DxfVersion version)
-    : drawing_(drawing)
-    , written_(written)
-    , version_(version)
-    , source_(std::make_shared<TagSource>(nullptr, formOf(drawing, version)))
-    , raised_(drawing, source_)
-    , nextHandle_(drawing.nextHandle)
+    : drawing_(drawing), written_(written), version_(version),
+      source_(std::make_shared<TagSource>(nullptr, formOf(drawing, version))),
+      raised_(drawing, source_), nextHandle_(drawing.nextHandle)
 {
     modelLayout_ = spareText();
     paperLayout_ = spareText();
@@ -241,7 +238,8 @@ void RaisedFile::addObjects()
     }
     add(rootTags);
     addScript(dictionaryScript({group, root}, {}));
-    addScript(dictionaryScript({layouts, root}, {{"Layout1", paperLayout_}, {"Model", modelLayout_}}));
+    addScript(
+        dictionaryScript({layouts, root}, {{"Layout1", paperLayout_}, {"Model", modelLayout_}}));
     addScript(dictionaryScript({lines, root}, {{"Standard", line}}));
     addScript(dictionaryScript({plots, root}, {}));
     addScript(plotStyleScript({styles, root}, plotStyle_));

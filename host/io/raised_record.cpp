@@ -125,10 +125,9 @@ TagList RaisedRecord::entity(std::uint32_t stub, std::uint64_t owner) const
             const int code = rest[i].code;
             if (isOneOf(kCommonCodes, code))
                 continue;
-            const bool here =
-                part.codes.empty()
-                    ? !named(code)
-                    : std::find(part.codes.begin(), part.codes.end(), code) != part.codes.end();
+            const bool here = part.codes.empty() ? !named(code)
+                                                 : std::find(part.codes.begin(), part.codes.end(),
+                                                             code) != part.codes.end();
             if (here)
                 made.addTag(rest[i]);
         }

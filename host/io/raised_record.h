@@ -9,8 +9,7 @@ namespace host {
 class RaisedRecord {
 public:
     RaisedRecord(Drawing& drawing, std::shared_ptr<TagSource> source)
-        : drawing_(drawing)
-        , source_(std::move(source))
+        : drawing_(drawing), source_(std::move(source))
     {
     }
 

@@ -129,9 +129,7 @@ private:
 class RecordNotes {
 public:
     RecordNotes(NameTable<std::uint16_t>& types, NameTable<std::uint32_t>& layers)
-        : typeTable_(types)
-        , types_(types)
-        , layers_(layers)
+        : typeTable_(types), types_(types), layers_(layers)
     {
     }
 

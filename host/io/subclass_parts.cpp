@@ -10,7 +10,7 @@ namespace {
 
 constexpr short kArcCodes[] = {50, 51};
 constexpr short kTextVertical[] = {73};
-constexpr short kTextCodes[] = {39, 10, 20, 30, 40, 1,  50, 41,  51,
+constexpr short kTextCodes[] = {39, 10, 20, 30, 40, 1,  50,  41,  51,
                                 7,  71, 72, 11, 21, 31, 210, 220, 230};
 constexpr short kAlignedCodes[] = {12, 22, 32, 13, 23, 33, 14, 24, 34, 50, 52};
 constexpr short kPointCodes[] = {13, 23, 33, 14, 24, 34, 15, 25, 35, 16, 26, 36};
@@ -69,7 +69,9 @@ constexpr std::string_view kOthersOfR12[] = {"ARC",      "TEXT",   "ATTRIB", "AT
                                              "POLYLINE", "VERTEX", "SEQEND", "DIMENSION"};
 
 constexpr SubclassPart kDimensions[][3] = {
-    {{"AcDbDimension"}, {"AcDbAlignedDimension", kAlignedCodes}, {"AcDbRotatedDimension", kNothing}},
+    {{"AcDbDimension"},
+     {"AcDbAlignedDimension", kAlignedCodes},
+     {"AcDbRotatedDimension", kNothing}},
     {{"AcDbDimension"}, {"AcDbAlignedDimension", kAlignedCodes}, {}},
     {{"AcDbDimension"}, {"AcDb2LineAngularDimension", kPointCodes}, {}},
     {{"AcDbDimension"}, {"AcDbDiametricDimension", kRadialCodes}, {}},

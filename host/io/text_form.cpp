@@ -93,9 +93,7 @@ TextStyle TextStyle::learn(std::string_view bytes)
 }
 
 TextForm::TextForm(DxfVersion version, CodePage page, TextStyle style)
-    : version_(version)
-    , page_(std::move(page))
-    , style_(std::move(style))
+    : version_(version), page_(std::move(page)), style_(std::move(style))
 {
 }
 

@@ -186,6 +186,11 @@ TEST_F(DescriptionMessages, Tables)
         {kKeyed + L"od_name\tPipes\nod_key\tId\nod_name\tObjects\nod_key\tId\nod_fld\ta\td\treal\n"
                   L"od_name\tx\n",
          L"10: error: conflicting definitions for table 'Objects'\n"},
+        // ... against every variant before it, not the last alone.
+        {kKeyed + L"obj_name\tRail\t1\t1\nobj_type\tLine\nod_name\tobjects\nod_key\tID\n"
+                  L"od_name\tPipes\nod_key\tId\n"
+                  L"obj_name\tPath\t1\t1\nobj_type\tLine\nod_name\tOBJECTS\nod_key\tName\n",
+         L"14: error: conflicting definitions for table 'OBJECTS'\n"},
         // An ill-formed table is held against the others all the same.
         {kKeyed + L"od_name\tObjects\nod_fld\ta\td\treal\nobj_name\tx\t1\t1\n",
          L"7: warning: table 'Objects' ill-formed\n"

@@ -48,6 +48,19 @@ TEST(MacroDefines, AnExpansionThatFeedsItselfEnds)
     EXPECT_LT(growing.expand(L"$(q)").size(), std::size_t{1} << 26);
 }
 
+// Each macro holds the one before it twice: forty of them would be a trillion characters.
+TEST(MacroDefines, ValuesDoNotGrowWithoutEnd)
+{
+    MacroDefines defines;
+    defines.define(L"m0", L"xx");
+    for (int i = 1; i <= 40; ++i) {
+        const std::wstring former = L"$(m" + std::to_wstring(i - 1) + L')';
+        defines.define(L"m" + std::to_wstring(i), defines.expand(former + former));
+    }
+    EXPECT_EQ(defines.expand(L"$(m10)").size(), std::size_t{2048});
+    EXPECT_LE(defines.expand(L"$(m40)").size(), std::size_t{1} << 21);
+}
+
 TEST(MacroDefines, ForbiddenCharacters)
 {
     for (const wchar_t character : std::wstring(L"`~!@#$%^&*()=+[]{};:'\"\\|,<.>/? \t"))

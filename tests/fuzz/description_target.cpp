@@ -1,38 +1,54 @@
 // A damaged description gives messages, never more.
 
 #include "tests/fuzz/memory_file.h"
+#include "tests/fuzz/scratch_folder.h"
 #include "tests/fuzz/target.h"
 
 #include "description/description_reader.h"
 #include "host/start/host_session.h"
 #include "store/od_store.h"
+#include "text/message_sink.h"
 
 #include <optional>
 
 namespace {
 
-class Silent : public MessageSink {
+class Counted final : public MessageSink {
 public:
-    void message(int, Message, std::wstring_view) override { }
+    void message(std::optional<int> line, Message id, std::wstring_view item) override
+    {
+        ++count;
+        fuzz::require(!messageText(line, id, item).empty(), "a message has a text");
+    }
+
+    int count = 0;
 };
 
-constexpr int kSessionInputs = 500; // tables pile up in the drawing
+constexpr int kSessionInputs = 50; // tables pile up in the drawing
 
 } // namespace
 
-fuzz::Language fuzz::language() { return Language::description; }
+fuzz::Language fuzz::language()
+{
+    return Language::description;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    static const fuzz::ScratchFolder profile;
     static std::optional<host::HostSession> session;
     static int inputs = 0;
     if (inputs++ % kSessionInputs == 0) {
         session.reset();
-        session.emplace(host::SessionOptions { .profile = std::filesystem::temp_directory_path() / "kelmaro-fuzz" });
+        session.emplace(host::SessionOptions{.profile = profile.path()});
     }
     const fuzz::MemoryFile file(data, size);
-    Silent silent;
+    const std::wstring path = file.path().wstring();
     OdStore store;
-    readDescription(file.path().wstring(), silent, store);
+    Counted first;
+    const Description description = readDescription(path, first, store);
+    fuzz::require(!description.filePath.empty() || first.count > 0, "an empty result has a reason");
+    fuzz::require(!description.filePath.empty() || description.objects.empty(),
+                  "after an error nothing is left");
     return 0;
 }

@@ -1,6 +1,7 @@
-// Feeds damaged inputs to a fuzz target: PROGRAM SECONDS|COUNTx [FIRST] SEED-FILE...
-// "30" runs for 30 seconds, "100000x" makes so many inputs; FIRST ("@17") is the number of the first. A crash or a hang names the
-// number of its input, which makes the same input again.
+// Feeds damaged inputs to a fuzz target: PROGRAM SECONDS|COUNTx|show [@FIRST] SEED-FILE...
+// "30" runs for 30 seconds, "100000x" makes so many inputs; "@17" is the number of the first. A
+// crash or a hang names the number of its input, which makes the same input again; "show" writes
+// that one to standard output.
 
 #include "tests/fuzz/target.h"
 
@@ -12,6 +13,9 @@
 #include <sstream>
 #include <unistd.h>
 
+// There when the program is built with the sanitizers.
+extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
+
 namespace {
 
 constexpr unsigned kHangSeconds = 20;
@@ -19,9 +23,13 @@ constexpr unsigned kHangSeconds = 20;
 volatile std::uint64_t currentInput = 0;
 
 // Only what may be called in a signal handler.
-void say(const char* text) { [[maybe_unused]] const auto written = ::write(STDERR_FILENO, text, std::char_traits<char>::length(text)); }
+void say(const char* text)
+{
+    [[maybe_unused]] const auto written =
+        ::write(STDERR_FILENO, text, std::char_traits<char>::length(text));
+}
 
-void nameInput(int signal)
+void nameInput()
 {
     char digits[24];
     char* at = digits + sizeof digits;
@@ -31,11 +39,29 @@ void nameInput(int signal)
         *--at = static_cast<char>('0' + rest % 10);
         rest /= 10;
     } while (rest > 0);
-    say(signal == SIGALRM ? "\nfuzz: no end in input @" : "\nfuzz: died of input @");
+    say("\nfuzz: input @");
     say(at);
     say("\n");
+}
+
+void died(int signal)
+{
+    say(signal == SIGALRM ? "\nfuzz: no end" : "\nfuzz: died");
+    nameInput();
     std::signal(signal, SIG_DFL);
     std::raise(signal);
+}
+
+void watch()
+{
+    std::signal(SIGABRT, died);
+    std::signal(SIGALRM, died);
+    if (__sanitizer_set_death_callback) { // names the fault itself, and where it is
+        __sanitizer_set_death_callback(nameInput);
+        return;
+    }
+    for (const int signal : {SIGSEGV, SIGBUS, SIGFPE})
+        std::signal(signal, died);
 }
 
 std::string contents(const char* path)
@@ -48,36 +74,63 @@ std::string contents(const char* path)
 
 } // namespace
 
+void fuzz::require(bool holds, const char* promise)
+{
+    if (holds)
+        return;
+    say("\nfuzz: not so: ");
+    say(promise);
+    std::abort();
+}
+
 int main(int count, char** arguments)
 {
-    if (count < 3) {
-        std::fprintf(stderr, "usage: %s SECONDS|COUNTx [@FIRST] SEED-FILE...\n", arguments[0]);
+    using Clock = std::chrono::steady_clock;
+    int at = 2;
+    const bool numbered = at < count && arguments[at][0] == '@';
+    const std::uint64_t first = numbered ? std::strtoull(arguments[at++] + 1, nullptr, 10) : 0;
+    std::vector<std::string> seeds;
+    for (; at < count; ++at)
+        seeds.push_back(contents(arguments[at]));
+    if (seeds.empty()) {
+        std::fprintf(stderr, "usage: %s SECONDS|COUNTx|show [@FIRST] SEED-FILE...\n", arguments[0]);
         return 1;
     }
     const std::string much = arguments[1];
     const bool counted = much.back() == 'x';
     const std::uint64_t limit = std::strtoull(much.c_str(), nullptr, 10);
-    int at = 2;
-    const std::uint64_t first = arguments[at][0] == '@' ? std::strtoull(arguments[at++] + 1, nullptr, 10) : 0;
-    std::vector<std::string> seeds;
-    for (; at < count; ++at)
-        seeds.push_back(contents(arguments[at]));
-    if (seeds.empty())
-        return 1;
-
-    for (const int signal : { SIGABRT, SIGALRM, SIGSEGV, SIGBUS, SIGFPE })
-        std::signal(signal, nameInput);
     fuzz::Mutator mutator(fuzz::language(), std::move(seeds));
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(counted ? 1 << 30 : limit);
+    if (much == "show") {
+        const std::string input = mutator.make(first);
+        std::fwrite(input.data(), 1, input.size(), stdout);
+        return 0;
+    }
+
+    watch();
+    const Clock::time_point begin = Clock::now();
+    const Clock::time_point end = begin + std::chrono::seconds(limit);
     std::uint64_t made = 0;
-    while (counted ? made < limit : std::chrono::steady_clock::now() < end) {
+    std::uint64_t slowest = first;
+    Clock::duration slowestTime{};
+    Clock::time_point now = begin;
+    while (counted ? made < limit : now < end) {
         currentInput = first + made;
         const std::string input = mutator.make(currentInput);
+        const Clock::time_point start = Clock::now();
         ::alarm(kHangSeconds);
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
         ::alarm(0);
         ++made;
+        now = Clock::now();
+        if (now - start > slowestTime) {
+            slowestTime = now - start;
+            slowest = currentInput;
+        }
     }
-    std::printf("%s: %llu damaged inputs, no crash, no hang\n", arguments[0], static_cast<unsigned long long>(made));
+    using Seconds = std::chrono::duration<double>;
+    std::printf("%s: %llu damaged inputs in %.0f s, no crash, no hang; the slowest, @%llu, took "
+                "%.2f s\n",
+                arguments[0], static_cast<unsigned long long>(made), Seconds(now - begin).count(),
+                static_cast<unsigned long long>(slowest), Seconds(slowestTime).count());
     return 0;
 }

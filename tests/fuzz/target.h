@@ -12,4 +12,7 @@ namespace fuzz {
 
 Language language(); // of the target's inputs
 
+// Ends the program, naming the promise that was broken.
+void require(bool holds, const char* promise);
+
 } // namespace fuzz

@@ -35,6 +35,20 @@ TEST_F(OdStoreTest, ADictionaryThatIsGoneIsMadeAnew)
     EXPECT_EQ(existingStoreId(database()), third);
 }
 
+TEST_F(OdStoreTest, ADictionaryUnderAnotherKeyIsNotTheStore)
+{
+    const AcDbObjectId first = storeId();
+    AcDbObjectPointer<AcDbDictionary>(namedObjects(), AcDb::kForWrite)
+        ->setName(kStoreName, L"PUT_ASIDE");
+    EXPECT_TRUE(existingStoreId(database()).isNull());
+    const AcDbObjectId second = storeId();
+    EXPECT_NE(second, first);
+    EXPECT_EQ(existingStoreId(database()), second);
+    AcDbObjectPointer<AcDbDictionary>(namedObjects(), AcDb::kForWrite)
+        ->setName(kStoreName, L"OdEmuData"); // keys compare without case
+    EXPECT_EQ(storeId(), second);
+}
+
 // The command that made the dictionary is undone: its id names nothing from then on.
 TEST_F(OdStoreTest, AnUndoneDictionaryIsMadeAnew)
 {

@@ -44,9 +44,25 @@ TEST(NumberText, ReadsTheRealATextBeginsWith)
         {L"inf", 0.0},    {L"nan", 0.0},
         {L"0x10", 0.0},   {L"1,5", 1.0},
         {L"1e-999", 0.0}, {L"1e999", std::numeric_limits<double>::infinity()},
+        {L"0e999", 0.0},
     };
     for (const auto& [text, value] : cases)
         EXPECT_EQ(leadingReal(text), value) << text;
+}
+
+// Beyond the range the size counts, not the sign of the exponent.
+TEST(NumberText, RealsBeyondTheRangeAreInfiniteOrZero)
+{
+    const double infinite = std::numeric_limits<double>::infinity();
+    const std::wstring zeros(400, L'0');
+    EXPECT_EQ(leadingReal(L"." + zeros + L"1"), 0.0);
+    EXPECT_EQ(leadingReal(L"0." + zeros + L"1e10"), 0.0);
+    EXPECT_EQ(leadingReal(L"-1" + zeros + L"e-10"), -infinite);
+    EXPECT_EQ(leadingReal(L"1" + zeros), infinite);
+    EXPECT_EQ(leadingReal(L"." + zeros + L"1e401"), 1.0);
+    EXPECT_EQ(leadingReal(L"1" + zeros + L".5e-400"), 1.0);
+    EXPECT_EQ(leadingReal(L"000.001e-99999999999"), 0.0);
+    EXPECT_EQ(leadingReal(L"000.001e99999999999"), infinite);
 }
 
 TEST(NumberText, ReadsPointsWithCommasAlone)

@@ -14,8 +14,7 @@ std::string bytesOf(std::initializer_list<int> bytes)
     return text;
 }
 
-std::string texts(BinaryCodes codes,
-                  std::initializer_list<std::pair<int, std::string_view>> tags)
+std::string texts(BinaryCodes codes, std::initializer_list<std::pair<int, std::string_view>> tags)
 {
     std::string bytes;
     for (const auto& [code, value] : tags) {
@@ -31,8 +30,15 @@ std::string texts(BinaryCodes codes,
 std::string drawing(BinaryCodes codes, std::string_view version, std::string_view record)
 {
     return std::string(kBinarySentinel) +
-           texts(codes, {{0, "SECTION"}, {2, "HEADER"}, {9, "$ACADVER"}, {1, version},
-                         {0, "ENDSEC"}, {0, "SECTION"}, {2, "ENTITIES"}, {0, "LINE"}, {5, "2A"}}) +
+           texts(codes, {{0, "SECTION"},
+                         {2, "HEADER"},
+                         {9, "$ACADVER"},
+                         {1, version},
+                         {0, "ENDSEC"},
+                         {0, "SECTION"},
+                         {2, "ENTITIES"},
+                         {0, "LINE"},
+                         {5, "2A"}}) +
            std::string(record) + texts(codes, {{0, "ENDSEC"}, {0, "EOF"}});
 }
 
@@ -110,8 +116,9 @@ TEST(BinaryForm, OpensBothWidthsOfCodesAndSavesThemUnchanged)
     const std::pair<BinaryCodes, std::string> cases[] = {
         {BinaryCodes::oneByte, drawing(BinaryCodes::oneByte, "AC1009",
                                        bytesOf({8, '0', 0, 0xFF, 0xE9, 3, 'A', 0, 67, 1, 0}))},
-        {BinaryCodes::twoBytes, drawing(BinaryCodes::twoBytes, "AC1015",
-                                        bytesOf({8, 0, '0', 0, 67, 0, 1, 0}) + kValues[5].twoBytes)},
+        {BinaryCodes::twoBytes,
+         drawing(BinaryCodes::twoBytes, "AC1015",
+                 bytesOf({8, 0, '0', 0, 67, 0, 1, 0}) + kValues[5].twoBytes)},
     };
     for (const auto& [codes, bytes] : cases) {
         OpenDrawing opened(bytes);

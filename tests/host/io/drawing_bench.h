@@ -39,8 +39,8 @@ inline std::string section(std::string_view name, std::string_view script)
 
 inline std::string header(std::string_view version, std::string_view seed = "100")
 {
-    return section("HEADER", "9 $ACADVER;1 " + std::string(version) + ";9 $HANDSEED;5 " +
-                                 std::string(seed));
+    return section("HEADER",
+                   "9 $ACADVER;1 " + std::string(version) + ";9 $HANDSEED;5 " + std::string(seed));
 }
 
 // Both spaces, the layer 0 and a root dictionary, of R2000.
@@ -71,9 +71,7 @@ inline std::string modernDrawing(std::string_view entities, std::string_view blo
 class OpenDrawing {
 public:
     explicit OpenDrawing(std::string bytes)
-        : use_(*this)
-        , bytes_(std::move(bytes))
-        , database_(false)
+        : use_(*this), bytes_(std::move(bytes)), database_(false)
     {
         outcome_ = readDrawing(FileImage::fromBytes(bytes_), L"plan.dxf", drawing());
     }

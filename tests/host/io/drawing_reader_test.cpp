@@ -38,8 +38,8 @@ TEST(DrawingReader, RefusesWhatItCannotFollowAndNamesTheLine)
          L"plan.dxf is a DWG of an unknown version (AC1099); only DXF can be read",
          Acad::eInvalidDwgVersion},
         {"no EOF", kStart, L"plan.dxf, line 14: the file ends without EOF", Acad::eEndOfFile},
-        {"cut behind a code", kStart + "  0\n",
-         L"plan.dxf, line 15: the file ends inside a group", Acad::eEndOfFile},
+        {"cut behind a code", kStart + "  0\n", L"plan.dxf, line 15: the file ends inside a group",
+         Acad::eEndOfFile},
         {"cut inside a code", kStart + "  ", L"plan.dxf, line 15: the file ends inside a group",
          Acad::eEndOfFile},
         {"code with a letter", entities(line + "1O 1.0"),
@@ -93,12 +93,13 @@ TEST(DrawingReader, KeepsEveryByteOfAnUnchangedDrawing)
         {"LF", lines(plain)},
         {"CR LF", lines(plain, "\r\n")},
         {"byte order mark", "\xEF\xBB\xBF" + lines(plain)},
-        {"comments anywhere", lines("999 first;" + replaced(plain, "8 0;100 AcDbLine",
-                                                            "999 0;8 0;999 x;100 AcDbLine"))},
+        {"comments anywhere",
+         lines("999 first;" + replaced(plain, "8 0;100 AcDbLine", "999 0;8 0;999 x;100 AcDbLine"))},
         {"no last line end", lines(plain).substr(0, lines(plain).size() - 1)},
         {"bytes behind EOF", lines(plain) + std::string("\x1A\0 more\n", 8)},
         {"mixed ends", replaced(lines(plain), "AcDbLine\n 10\n", "AcDbLine\r\n 10\r\n")},
-        {"a value that reads 0", lines(replaced(plain, "100 AcDbLine;", "100 AcDbLine;1 0;1 EOF;"))},
+        {"a value that reads 0",
+         lines(replaced(plain, "100 AcDbLine;", "100 AcDbLine;1 0;1 EOF;"))},
         {"wide codes", replaced(lines(plain), " 11\n", "   11\n")},
     };
     for (const auto& [name, bytes] : cases) {
@@ -115,14 +116,36 @@ TEST(DrawingReader, KeepsEveryByteOfAnUnchangedDrawing)
 TEST(DrawingReader, AcceptsEverySpellingOfNumbers)
 {
     const std::pair<std::string, bool> reals[] = {
-        {"0", true},      {"-0.0", true},   {"1.", true},      {".5", true},   {"-.5", true},
-        {"+2", true},     {"  3.5", true},  {"3.5  ", true},   {"1e5", true},  {"1.5E-300", true},
-        {"", false},      {".", false},     {"-", false},      {"-.", false},  {"1.2.3", false},
-        {"1-2", false},   {"e5", false},    {"1e", false},     {"inf", false}, {"nan", false},
-        {"0x10", false},  {"1,5", false},   {"1e400", false},  {"1 2", false},
-        {"123456789012345.6", true},        {"12345678901234567.", true},
+        {"0", true},
+        {"-0.0", true},
+        {"1.", true},
+        {".5", true},
+        {"-.5", true},
+        {"+2", true},
+        {"  3.5", true},
+        {"3.5  ", true},
+        {"1e5", true},
+        {"1.5E-300", true},
+        {"", false},
+        {".", false},
+        {"-", false},
+        {"-.", false},
+        {"1.2.3", false},
+        {"1-2", false},
+        {"e5", false},
+        {"1e", false},
+        {"inf", false},
+        {"nan", false},
+        {"0x10", false},
+        {"1,5", false},
+        {"1e400", false},
+        {"1 2", false},
+        {"123456789012345.6", true},
+        {"12345678901234567.", true},
         {"123456789012345678901234567890123.4567890123", true},
-        {"1234567890123456.7890.1", false}, {"--1", false},    {"1-", false},
+        {"1234567890123456.7890.1", false},
+        {"--1", false},
+        {"1-", false},
     };
     for (const auto& [value, accepted] : reals) {
         SCOPED_TRACE(value);
@@ -130,10 +153,21 @@ TEST(DrawingReader, AcceptsEverySpellingOfNumbers)
         EXPECT_EQ(opened.outcome().status == Acad::eOk, accepted);
     }
     const std::pair<std::string, bool> integers[] = {
-        {"0", true},     {"     7", true}, {"-1", true},   {"+1", true},  {"7  ", true},
-        {"", false},     {"   ", false},   {"1.0", false}, {"1e3", false}, {"7 7", false},
-        {"-", false},    {"0x1", false},   {"99999999999999999999999", false},
-        {"               7", true},        {"                    7", true},
+        {"0", true},
+        {"     7", true},
+        {"-1", true},
+        {"+1", true},
+        {"7  ", true},
+        {"", false},
+        {"   ", false},
+        {"1.0", false},
+        {"1e3", false},
+        {"7 7", false},
+        {"-", false},
+        {"0x1", false},
+        {"99999999999999999999999", false},
+        {"               7", true},
+        {"                    7", true},
     };
     for (const auto& [value, accepted] : integers) {
         SCOPED_TRACE(value);
@@ -152,8 +186,7 @@ TEST(DrawingReader, FindsHandleOwnerAndLayerWhereTheyCount)
         "0 MTEXT;5 32;330 1F;100 AcDbEntity;8 text;100 AcDbMText;1 a;101 Embedded Object;"
         "100 AcDbEntity;8 inside;5 77;"
         "0 LINE;5 33;330 1F;100 AcDbEntity;8 last;100 AcDbLine;1001 APP;1003 x;8 data",
-        {},
-        "0 XRECORD;5 40;330 C;100 AcDbXrecord;280 1;102 {ACAD_XDICTIONARY;5 41;330 1F;102 }")));
+        {}, "0 XRECORD;5 40;330 C;100 AcDbXrecord;280 1;102 {ACAD_XDICTIONARY;5 41;330 1F;102 }")));
     ASSERT_EQ(opened.outcome().status, Acad::eOk);
     Drawing& drawing = opened.drawing();
     const auto layerOf = [&](std::uint64_t handle) {
@@ -192,8 +225,7 @@ TEST(DrawingReader, HangsSequencesOnTheirParents)
     Drawing& drawing = opened.drawing();
     const auto childrenOf = [&](std::uint64_t handle) {
         std::vector<std::uint64_t> found;
-        for (const std::uint32_t child :
-             drawing.children(drawing.index.findHandle(handle), true))
+        for (const std::uint32_t child : drawing.children(drawing.index.findHandle(handle), true))
             found.push_back(drawing.index[child].handle);
         return found;
     };
@@ -244,7 +276,8 @@ TEST(DrawingReader, TakesTheHandleOfADimensionStyleFromItsOwnCode)
     EXPECT_TRUE(opened.drawing().warnings.empty());
 }
 
-// From 4 MiB on two threads share the work; the outcome must be that of a plain walk over the lines.
+// From 4 MiB on two threads share the work; the outcome must be that of a plain walk over the
+// lines.
 TEST(DrawingReader, ReadsGreatFilesAsASimpleWalkWould)
 {
     std::string text = lines(header("AC1015", "FFFFF") + "0 SECTION;2 ENTITIES");
@@ -301,8 +334,8 @@ TEST(DrawingReader, ReadsGreatFilesAsASimpleWalkWould)
     // and damage in either half is told with its line
     for (const double part : {0.1, 0.6, 0.99}) {
         std::string damaged = text;
-        const std::size_t code = damaged.find("\n 70\n", static_cast<std::size_t>(
-                                                             part * double(text.size())));
+        const std::size_t code =
+            damaged.find("\n 70\n", static_cast<std::size_t>(part * double(text.size())));
         damaged[code + 1] = 'x';
         const auto line = 2 + std::count(text.begin(), text.begin() + std::ptrdiff_t(code), '\n');
         OpenDrawing refused(damaged);

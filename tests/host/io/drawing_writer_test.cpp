@@ -89,9 +89,9 @@ TEST(DrawingWriter, PutsNewEntitiesAtTheEndOfTheirSpaceAndMovesTheSeed)
     const std::uint64_t handle = opened.drawing().nextHandle;
     EXPECT_GE(handle, 0x100u);
     addLine(opened, opened.database().modelSpaceId());
-    const std::string added =
-        lines("0 LINE;5 " + hex(handle) + ";330 1F;100 AcDbEntity;8 0;100 AcDbLine;10 1.0;20 2.0;30 0.0;"
-              "11 3.0;21 4.0;31 0.0");
+    const std::string added = lines("0 LINE;5 " + hex(handle) +
+                                    ";330 1F;100 AcDbEntity;8 0;100 AcDbLine;10 1.0;20 2.0;30 0.0;"
+                                    "11 3.0;21 4.0;31 0.0");
     const std::string behind = lines("0 ENDSEC;0 SECTION;2 OBJECTS");
     EXPECT_EQ(opened.saved(), replaced(withBefore(bytes, behind, added), "$HANDSEED\n  5\n100",
                                        "$HANDSEED\n  5\n" + hex(handle + 1)));
@@ -113,10 +113,11 @@ TEST(DrawingWriter, ChangesOneValueAndNothingElse)
 
 TEST(DrawingWriter, DropsErasedRecordsWithTheirSequence)
 {
-    const std::string insert = "0 INSERT;5 40;330 1F;100 AcDbEntity;8 0;100 AcDbBlockReference;66 1;"
-                               "2 door;10 0.0;20 0.0;30 0.0;0 ATTRIB;5 41;330 40;100 AcDbEntity;8 0;"
-                               "100 AcDbText;1 x;100 AcDbAttribute;2 TAG;70 0;"
-                               "0 SEQEND;5 42;330 40;100 AcDbEntity;8 0;";
+    const std::string insert =
+        "0 INSERT;5 40;330 1F;100 AcDbEntity;8 0;100 AcDbBlockReference;66 1;"
+        "2 door;10 0.0;20 0.0;30 0.0;0 ATTRIB;5 41;330 40;100 AcDbEntity;8 0;"
+        "100 AcDbText;1 x;100 AcDbAttribute;2 TAG;70 0;"
+        "0 SEQEND;5 42;330 40;100 AcDbEntity;8 0;";
     OpenDrawing opened(lines(modernDrawing(insert + kLine)));
     opened.open<AcDbBlockReference>(0x40)->erase();
     EXPECT_EQ(opened.saved(), lines(modernDrawing(kLine)));
@@ -124,10 +125,11 @@ TEST(DrawingWriter, DropsErasedRecordsWithTheirSequence)
 
 TEST(DrawingWriter, PutsAttributesBeforeTheEndOfTheirSequence)
 {
-    const std::string insert = "0 INSERT;5 40;330 1F;100 AcDbEntity;8 0;100 AcDbBlockReference;66 1;"
-                               "2 door;10 0.0;20 0.0;30 0.0;0 ATTRIB;5 41;330 40;100 AcDbEntity;8 0;"
-                               "100 AcDbText;1 x;100 AcDbAttribute;2 TAG;70 0;"
-                               "0 SEQEND;5 42;330 40;100 AcDbEntity;8 0;";
+    const std::string insert =
+        "0 INSERT;5 40;330 1F;100 AcDbEntity;8 0;100 AcDbBlockReference;66 1;"
+        "2 door;10 0.0;20 0.0;30 0.0;0 ATTRIB;5 41;330 40;100 AcDbEntity;8 0;"
+        "100 AcDbText;1 x;100 AcDbAttribute;2 TAG;70 0;"
+        "0 SEQEND;5 42;330 40;100 AcDbEntity;8 0;";
     OpenDrawing opened(lines(modernDrawing(insert + kLine)));
     {
         auto reference = opened.open<AcDbBlockReference>(0x40);
@@ -185,8 +187,9 @@ TEST(DrawingWriter, WritesImplicitRecordsOnceSomethingRefersToThem)
 {
     // no TABLES, BLOCKS or OBJECTS at all, as simple programs write
     const std::string bytes =
-        lines(header("AC1015") + section("ENTITIES", "0 LINE;5 30;100 AcDbEntity;8 wood;"
-                                                     "100 AcDbLine;10 0.0;20 0.0;11 1.0;21 0.0") +
+        lines(header("AC1015") +
+              section("ENTITIES", "0 LINE;5 30;100 AcDbEntity;8 wood;"
+                                  "100 AcDbLine;10 0.0;20 0.0;11 1.0;21 0.0") +
               "0 EOF");
     OpenDrawing opened(bytes);
     ASSERT_EQ(opened.outcome().status, Acad::eOk);
@@ -273,10 +276,10 @@ TEST(DrawingWriter, WritesHeaderVariablesAndLeavesTheSeedOfOldDrawings)
 
 TEST(DrawingWriter, WritesR12WithoutWhatR12LacksAndGivesChangedRecordsTheirHandle)
 {
-    const std::string bytes =
-        lines(header("AC1009", "20") +
-              section("TABLES", "0 TABLE;2 LAYER;70 1;0 LAYER;2 0;70 0;62 7;6 CONTINUOUS;0 ENDTAB") +
-              section("ENTITIES", "0 LINE;8 0;10 0.0;20 0.0;11 1.0;21 1.0") + "0 EOF");
+    const std::string bytes = lines(
+        header("AC1009", "20") +
+        section("TABLES", "0 TABLE;2 LAYER;70 1;0 LAYER;2 0;70 0;62 7;6 CONTINUOUS;0 ENDTAB") +
+        section("ENTITIES", "0 LINE;8 0;10 0.0;20 0.0;11 1.0;21 1.0") + "0 EOF");
     OpenDrawing opened(bytes);
     Drawing& drawing = opened.drawing();
     addLayer(opened, L"walls");

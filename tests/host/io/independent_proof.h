@@ -41,14 +41,15 @@ inline std::string proofOf(const std::string& bytes)
     const std::string drawing = base.string() + ".dxf";
     const std::string script = base.string() + ".py";
     std::ofstream(drawing, std::ios::binary) << bytes;
-    std::ofstream(script) << "import sys, ezdxf\n"
-                             "try:\n"
-                             "    d = ezdxf.readfile(sys.argv[1])\n"
-                             "    a = d.audit()\n"
-                             "    print(d.dxfversion, len(d.modelspace()), len(a.errors), len(a.fixes))\n"
-                             "    for e in a.errors + a.fixes: print(e.message)\n"
-                             "except Exception as e:\n"
-                             "    print(type(e).__name__, e)\n";
+    std::ofstream(script)
+        << "import sys, ezdxf\n"
+           "try:\n"
+           "    d = ezdxf.readfile(sys.argv[1])\n"
+           "    a = d.audit()\n"
+           "    print(d.dxfversion, len(d.modelspace()), len(a.errors), len(a.fixes))\n"
+           "    for e in a.errors + a.fixes: print(e.message)\n"
+           "except Exception as e:\n"
+           "    print(type(e).__name__, e)\n";
     const std::string output = outputOf("/usr/bin/python3 " + script + " " + drawing + " 2>&1");
     std::filesystem::remove(drawing);
     std::filesystem::remove(script);

@@ -1,6 +1,6 @@
-#include "host/io/new_drawing.h"
 #include "host/db/block_table.h"
 #include "host/db/line.h"
+#include "host/io/new_drawing.h"
 #include "tests/host/io/drawing_bench.h"
 #include "tests/host/io/independent_proof.h"
 
