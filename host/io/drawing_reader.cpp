@@ -65,20 +65,13 @@ struct Scan {
     RecordNotes first;
     NameTable<std::uint16_t> types;
     NameTable<std::uint32_t> layers;
-    std::vector<RecordNote> second;
+    RecordNoteList second;
     ScanTrouble trouble;
     bool ended = false;
 };
 
-void reserveRecords(std::vector<RecordNote>& records, std::size_t bytes)
-{
-    constexpr std::size_t kUsualRecord = 200; // bytes; what is not used is never touched
-    records.reserve(bytes / kUsualRecord + 64);
-}
-
 void scanTextFile(std::string_view file, Scan& scan)
 {
-    reserveRecords(scan.first.records, file.size());
     std::size_t middle = file.size();
     if (file.size() >= kTwoThreadsAbove && std::thread::hardware_concurrency() > 1)
         middle = findRecordStart(file, file.size() / 2);
@@ -90,7 +83,6 @@ void scanTextFile(std::string_view file, Scan& scan)
     ScanTrouble secondTrouble;
     bool secondEnded = false;
     std::thread helper([&] {
-        reserveRecords(secondNotes.records, file.size() - middle);
         secondTrouble = scanText(file, middle, file.size(), secondNotes, secondEnded);
     });
     scan.trouble = scanText(file, 0, middle, scan.first, scan.ended);
@@ -107,7 +99,8 @@ void scanTextFile(std::string_view file, Scan& scan)
     std::vector<std::uint32_t> layers(1);
     for (std::size_t i = 1; i <= scan.layers.size(); ++i)
         layers.push_back(scan.first.layerNumber(scan.layers.name(static_cast<std::uint32_t>(i))));
-    for (RecordNote& note : scan.second) {
+    for (std::size_t i = 0; i < scan.second.size(); ++i) {
+        RecordNote& note = scan.second[i];
         note.type = types[note.type];
         note.layer = layers[note.layer];
     }
@@ -203,6 +196,8 @@ FileOutcome readDrawing(std::shared_ptr<const FileImage> image, std::wstring_vie
             return failure(Acad::eBadDxfFile, note(i).offset, L"a record is longer than 4 GiB");
         if (const std::wstring wrong = structure.add(note(i), end); !wrong.empty())
             return failure(Acad::eBadDxfSequence, note(i).offset, wrong);
+        i < firstCount ? scan.first.records.releaseBefore(i)
+                       : scan.second.releaseBefore(i - firstCount);
     }
     if (trouble.fault != ScanFault::none)
         return failure(trouble.fault == ScanFault::noEnd || trouble.fault == ScanFault::cutTag
@@ -230,7 +225,7 @@ FileOutcome readDrawing(std::shared_ptr<const FileImage> image, std::wstring_vie
     drawing.fileSeed = facts.seed;
     drawing.source = std::make_shared<TagSource>(std::move(image), makeForm(facts));
     structure.giveHandles();
-    structure.findOwners(scan.first.records, scan.second);
+    structure.findOwners();
     completeDrawing(drawing);
     return {};
 }

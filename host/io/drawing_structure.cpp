@@ -77,6 +77,8 @@ std::wstring DrawingStructure::add(const RecordNote& note, std::uint64_t end)
     }
     if (note.marks & kHandleWrong)
         return L"the handle of this " + shown(type) + L" is no hexadecimal number";
+    if (kind != Kind::table)
+        keepOwner(number, note.owner);
     if (drawing_.index.enterHandle(number))
         return {};
     withoutHandle_.push_back(number);
@@ -188,7 +190,6 @@ std::wstring DrawingStructure::place(Kind kind, std::string_view type, Stub& stu
         if (!inTable_)
             return shown(type) + L" stands outside of any table";
         drawing_.tables[openTable_].records.push_back(number);
-        stub.owner = drawing_.tables[openTable_].table;
         return {};
     case Section::blocks:
         if (kind == Kind::block) {
@@ -266,28 +267,39 @@ void DrawingStructure::giveHandles()
          L"%zu records with the handle of another; they were given new ones");
 }
 
-void DrawingStructure::findOwners(std::span<const RecordNote> notes, std::uint32_t first,
-                                  std::size_t& dangling)
+void DrawingStructure::keepOwner(std::uint32_t number, std::uint64_t owner)
 {
-    RecordIndex& index = drawing_.index;
-    for (std::uint32_t number = first; const RecordNote& note : notes) {
-        Stub& stub = index[number++];
-        if ((stub.flags & kStructure) != 0 || !note.owner)
-            continue;
-        const std::uint32_t owner = index.findHandle(note.owner);
-        if (!owner)
-            ++dangling;
-        else if ((stub.flags & kChild) == 0) // the order of the file tells a child's parent
-            stub.owner = owner;
+    Stub& stub = drawing_.index[number];
+    if ((stub.flags & kChild) != 0) { // the order of the file tells a child's parent
+        if (owner && owner != drawing_.index[stub.owner].handle)
+            oddChildOwners_.push_back(owner);
+        return;
     }
+    stub.owner = static_cast<std::uint32_t>(owner);
+    if (stub.owner != owner)
+        greatOwners_[number] = owner;
 }
 
-void DrawingStructure::findOwners(std::span<const RecordNote> first,
-                                  std::span<const RecordNote> second)
+void DrawingStructure::findOwners()
 {
+    RecordIndex& index = drawing_.index;
     std::size_t dangling = 0;
-    findOwners(first, 1, dangling);
-    findOwners(second, static_cast<std::uint32_t>(first.size() + 1), dangling);
+    for (std::uint32_t number = 1; number <= index.count(); ++number) {
+        Stub& stub = index[number];
+        if ((stub.flags & (kStructure | kChild)) != 0 || !stub.owner)
+            continue;
+        stub.owner = index.findHandle(stub.owner);
+        if (!stub.owner)
+            ++dangling;
+    }
+    for (const auto& [number, owner] : greatOwners_) {
+        index[number].owner = index.findHandle(owner);
+        if (!index[number].owner)
+            ++dangling;
+    }
+    for (const std::uint64_t owner : oddChildOwners_)
+        if (!index.findHandle(owner))
+            ++dangling;
     if (dangling)
         drawing_.warnings.push_back(
             dangling == 1 ? L"1 record whose owner is not in the drawing"

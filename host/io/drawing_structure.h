@@ -3,7 +3,8 @@
 #include "host/db/drawing.h"
 #include "host/io/record_notes.h"
 
-#include <span>
+#include <map>
+#include <vector>
 
 namespace host {
 
@@ -22,8 +23,8 @@ public:
     void finishSections();
     // Needs the drawing's version and seed.
     void giveHandles();
-    // The notes of all records, in two parts, in file order.
-    void findOwners(std::span<const RecordNote> first, std::span<const RecordNote> second);
+    // Turns the owners' handles into stub numbers.
+    void findOwners();
 
 private:
     // Sections whose records are database objects, and the others.
@@ -44,7 +45,7 @@ private:
     };
 
     Kind kindOf(std::uint16_t type);
-    void findOwners(std::span<const RecordNote> notes, std::uint32_t first, std::size_t& dangling);
+    void keepOwner(std::uint32_t number, std::uint64_t owner);
     std::wstring beginSection(std::uint32_t number, std::string_view name);
     std::wstring place(Kind kind, std::string_view type, Stub& stub, std::uint32_t number);
 
@@ -57,6 +58,10 @@ private:
     bool inBlock_ = false;
     std::uint32_t parent_ = 0; // of the sequence that may go on
     std::uint32_t sectionStub_ = 0;
+
+    // Until all handles are known a stub's owner is a handle, of which a stub holds 32 bits.
+    std::map<std::uint32_t, std::uint64_t> greatOwners_; // by stub
+    std::vector<std::uint64_t> oddChildOwners_; // children that name another than their parent
 
     std::vector<std::uint32_t> withoutHandle_;
     std::size_t missing_ = 0;

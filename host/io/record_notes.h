@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/db/record_index.h"
+#include "host/io/record_note_list.h"
 
 #include <algorithm>
 #include <array>
@@ -14,23 +14,6 @@
 // What one pass over a file's tags keeps of each record, whatever the form of the file. A scanner
 // cuts the bytes into tags, checks them, and hands those whose code has a role to RecordNotes.
 namespace host {
-
-// Beside the flags of a stub.
-enum RecordMark : std::uint8_t {
-    kHandleGiven = 1, // the record has a handle tag, be it empty
-    kHandleWrong = 2, // and it is not hexadecimal
-    kOwnerGiven = 4,
-};
-
-struct RecordNote {
-    std::uint64_t offset = 0;
-    std::uint64_t handle = 0;
-    std::uint64_t owner = 0; // handle
-    std::uint32_t layer = 0;
-    std::uint16_t type = 0;
-    std::uint16_t flags = 0; // kHasDictionary, kHasReactors, kPaperSpace
-    std::uint8_t marks = 0;
-};
 
 // Codes that tell something about their record.
 enum class TagRole : std::uint8_t {
@@ -133,7 +116,7 @@ public:
     {
     }
 
-    std::vector<RecordNote> records;
+    RecordNoteList records;
 
     std::uint16_t typeNumber(std::string_view name) { return types_.number(name); }
     std::uint32_t layerNumber(std::string_view name) { return layers_.number(name); }
@@ -141,7 +124,7 @@ public:
     // True for EOF: the scanner stops.
     bool begin(std::size_t offset, std::string_view type)
     {
-        RecordNote& note = records.emplace_back();
+        RecordNote& note = records.add();
         note.offset = offset;
         note.type = types_.number(type);
         depth_ = 0;

@@ -38,7 +38,7 @@ struct Opened {
     {
         std::string bytes;
         const host::FileOutcome written = host::drawingFormat().write(drawing(), bytes);
-        fuzz::require(written.status == Acad::eOk, "what is open can be written");
+        fuzz::require(written.status == Acad::eOk, "what is open can be written", written.message);
         return bytes;
     }
 
@@ -127,7 +127,7 @@ void saveChanged(Opened& opened)
     std::erase_if(colored, [](AcDbObjectId id) { return id.isErased(); });
     const std::string bytes = opened.saved();
     Opened again(bytes);
-    fuzz::require(again.outcome.status == Acad::eOk, "what was saved opens");
+    fuzz::require(again.outcome.status == Acad::eOk, "what was saved opens", again.outcome.message);
     fuzz::require(again.saved() == bytes, "what was saved saves as it is");
     for (const AcDbObjectId id : colored) {
         AcDbObjectPointer<AcDbEntity> entity(again.drawing().idOfHandle(id.handle().value()),

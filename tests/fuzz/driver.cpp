@@ -5,6 +5,8 @@
 
 #include "tests/fuzz/target.h"
 
+#include "host/text/encoding.h"
+
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -74,12 +76,11 @@ std::string contents(const char* path)
 
 } // namespace
 
-void fuzz::require(bool holds, const char* promise)
+void fuzz::require(bool holds, const char* promise, std::wstring_view detail)
 {
     if (holds)
         return;
-    say("\nfuzz: not so: ");
-    say(promise);
+    std::fprintf(stderr, "\nfuzz: not so: %s %s", promise, host::toUtf8(detail).c_str());
     std::abort();
 }
 

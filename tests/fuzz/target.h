@@ -13,6 +13,6 @@ namespace fuzz {
 Language language(); // of the target's inputs
 
 // Ends the program, naming the promise that was broken.
-void require(bool holds, const char* promise);
+void require(bool holds, const char* promise, std::wstring_view detail = {});
 
 } // namespace fuzz
