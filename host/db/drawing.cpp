@@ -109,6 +109,15 @@ void Drawing::tellRestored(std::uint32_t stub, std::uint16_t before)
         closed(*object);
 }
 
+std::uint64_t Drawing::spareHandle() const
+{
+    std::uint64_t greatest = std::max<std::uint64_t>(fileSeed, 1) - 1;
+    for (std::uint32_t stub = 1; stub <= index.count(); ++stub)
+        if ((index[stub].flags & kNeverWas) == 0)
+            greatest = std::max(greatest, index[stub].handle);
+    return greatest + 1;
+}
+
 std::uint32_t Drawing::addStub(std::uint16_t type, std::uint32_t owner, std::uint16_t flags)
 {
     Stub stub;

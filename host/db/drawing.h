@@ -80,6 +80,10 @@ public:
     // The stub with this handle, or null id.
     AcDbObjectId idOfHandle(std::uint64_t handle) const { return id(index.findHandle(handle)); }
     std::uint64_t takeHandle() { return nextHandle++; }
+    // The first handle for what only the written file needs: above the seed and every object that
+    // is or was there. What was undone does not count, so that a drawing saves the same after U and
+    // REDO.
+    std::uint64_t spareHandle() const;
 
     // The tags of an object as they are now, from the object or from the image.
     std::shared_ptr<const TagList> tagsOf(std::uint32_t stub);

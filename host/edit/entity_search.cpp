@@ -213,8 +213,10 @@ std::optional<AcDbObjectId> entityByHandent(AcDbDatabase& database, std::wstring
     AcDbObjectId id;
     if (!value || database.getAcDbObjectId(id, AcDbHandle(*value)) != Acad::eOk || id.isErased())
         return AcDbObjectId();
+    // a BLOCK and an ENDBLK hold a definition together; no command may have them
+    const bool drawn = (database.drawing().index[id.stubNumber()].flags & kEntity) != 0;
     AcRxClass* const kind = id.objectClass();
-    return kind && kind->isDerivedFrom(AcDbEntity::desc()) ? id : AcDbObjectId();
+    return drawn && kind && kind->isDerivedFrom(AcDbEntity::desc()) ? id : AcDbObjectId();
 }
 
 } // namespace host

@@ -26,7 +26,8 @@ struct Edit {
 class Planner {
 public:
     Planner(Drawing& drawing, const WrittenRecords& written)
-        : drawing_(drawing), written_(written), bytes_(drawing), nextHandle_(drawing.nextHandle)
+        : drawing_(drawing), written_(written), bytes_(drawing), firstSpare_(drawing.spareHandle()),
+          nextHandle_(firstSpare_)
     {
     }
 
@@ -66,8 +67,9 @@ private:
     std::map<std::uint32_t, Edit> edits_; // by record of the file
     std::map<std::string, std::string> tails_;
     std::map<std::string, std::string> heads_; // behind SECTION
-    std::uint64_t nextHandle_;                 // for what is made here
-    std::string header_;                       // the record of a header that the file lacks
+    const std::uint64_t firstSpare_;
+    std::uint64_t nextHandle_; // for what is made here
+    std::string header_;       // the record of a header that the file lacks
 };
 
 void Planner::replace(std::uint32_t stub, std::string bytes)
@@ -256,7 +258,7 @@ void Planner::setSeed()
     for (const std::set<std::uint32_t>* const stubs : {&written_.added, &written_.changed})
         for (const std::uint32_t stub : *stubs)
             greatest = std::max(greatest, drawing_.index[stub].handle);
-    if (nextHandle_ > drawing_.nextHandle)
+    if (nextHandle_ > firstSpare_)
         greatest = nextHandle_ - 1;
     if (greatest == 0 || greatest < drawing_.fileSeed || !drawing_.header)
         return;

@@ -75,7 +75,7 @@ std::unique_ptr<const TagForm> formOf(const Drawing& drawing, DxfVersion version
 RaisedFile::RaisedFile(Drawing& drawing, const WrittenRecords& written, DxfVersion version)
     : drawing_(drawing), written_(written), version_(version),
       source_(std::make_shared<TagSource>(nullptr, formOf(drawing, version))),
-      raised_(drawing, source_), nextHandle_(drawing.nextHandle)
+      raised_(drawing, source_), nextHandle_(drawing.spareHandle())
 {
     modelLayout_ = spareText();
     paperLayout_ = spareText();

@@ -9,7 +9,7 @@
 #include "store/od_store.h"
 #include "text/message_sink.h"
 
-#include <optional>
+#include <memory>
 
 namespace {
 
@@ -26,6 +26,12 @@ public:
 
 constexpr int kSessionInputs = 50; // tables pile up in the drawing
 
+std::unique_ptr<host::HostSession> makeSession()
+{
+    static const fuzz::ScratchFolder profile;
+    return std::make_unique<host::HostSession>(host::SessionOptions{.profile = profile.path()});
+}
+
 } // namespace
 
 fuzz::Language fuzz::language()
@@ -35,12 +41,11 @@ fuzz::Language fuzz::language()
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const fuzz::ScratchFolder profile;
-    static std::optional<host::HostSession> session;
+    static std::unique_ptr<host::HostSession> session = makeSession();
     static int inputs = 0;
-    if (inputs++ % kSessionInputs == 0) {
+    if (++inputs % kSessionInputs == 0) {
         session.reset();
-        session.emplace(host::SessionOptions{.profile = profile.path()});
+        session = makeSession();
     }
     const fuzz::MemoryFile file(data, size);
     const std::wstring path = file.path().wstring();

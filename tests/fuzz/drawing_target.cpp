@@ -97,6 +97,8 @@ std::vector<AcDbObjectId> change(AcDbDatabase& database)
     const std::uint32_t step = std::max(1u, count / (4 * kChanges));
     std::uint32_t changes = 0;
     for (std::uint32_t stub = count % step + 1; stub <= count && changes < kChanges; stub += step) {
+        if ((drawing.index[stub].flags & host::kEntity) == 0)
+            continue; // BLOCK and ENDBLK
         AcDbObjectPointer<AcDbEntity> entity(drawing.id(stub), AcDb::kForWrite);
         if (entity.openStatus() != Acad::eOk)
             continue;
