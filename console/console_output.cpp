@@ -3,6 +3,7 @@
 #include "host/text/encoding.h"
 
 #include <cerrno>
+#include <cstring>
 #include <unistd.h>
 
 namespace {
@@ -26,7 +27,11 @@ bool writeAll(int descriptor, std::string_view bytes)
 
 void ConsoleOutput::put(std::string_view bytes)
 {
-    broken_ = broken_ || !writeAll(STDOUT_FILENO, bytes);
+    if (broken_ || writeAll(STDOUT_FILENO, bytes))
+        return;
+    broken_ = true;
+    if (errno != EPIPE)
+        reportTrouble("cannot write standard output: " + std::string(std::strerror(errno)));
 }
 
 void ConsoleOutput::write(std::wstring_view text)

@@ -4,7 +4,8 @@
 #include <string_view>
 
 // Standard output in UTF-8. Whole lines appear soon, an unfinished one (a prompt) with flush().
-// Once nobody reads any more, the rest is dropped and the program goes on.
+// Once nobody reads any more, the rest is dropped and the program goes on; also, and told, when it
+// cannot be written.
 class ConsoleOutput {
 public:
     ConsoleOutput() = default;

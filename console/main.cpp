@@ -23,6 +23,7 @@ int main(int count, char** values)
 {
     openMissingStreams();
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow further is told like a full disk
     try {
         const auto parsed = parseArguments(count, values);
         if (const auto* const status = std::get_if<ExitStatus>(&parsed))

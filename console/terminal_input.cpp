@@ -20,6 +20,8 @@
 namespace {
 
 constexpr int kHistoryLines = 1000;
+constexpr int kEscape = 27;
+constexpr timespec kKeyPause = {0, 100'000'000}; // parts the key Escape from a key that sends more
 
 // What the callbacks of the line editor and the signal handler work on.
 host::CommandEngine* theEngine = nullptr;
@@ -28,6 +30,12 @@ volatile std::sig_atomic_t interrupted = 0;
 enum class LineEnd { open, accepted, endOfInput, cancelled };
 LineEnd lineEnd = LineEnd::open;
 std::string typedLine;
+int lastKey = 0;
+
+int readKey(FILE* stream)
+{
+    return lastKey = rl_getc(stream);
+}
 
 void onInterrupt(int)
 {
@@ -80,13 +88,27 @@ void onLine(char* line)
     rl_callback_handler_remove();
 }
 
+// Escape begins the codes of other keys; alone it cancels. Where the user has chosen the editor's
+// other mode it has a meaning of its own.
+bool escapeIsOpen()
+{
+    constexpr int kEmacsMode = 1;
+    return rl_editing_mode == kEmacsMode && RL_ISSTATE(RL_STATE_MULTIKEY) && lastKey == kEscape;
+}
+
 LineEnd readLine(const std::string& prompt, const InterruptCancels& interrupts)
 {
     lineEnd = LineEnd::open;
     rl_callback_handler_install(prompt.c_str(), onLine);
     while (lineEnd == LineEnd::open) {
         pollfd terminal = {STDIN_FILENO, POLLIN, 0};
-        const int ready = ppoll(&terminal, 1, nullptr, &interrupts.openMask());
+        const bool escape = escapeIsOpen();
+        const int ready =
+            ppoll(&terminal, 1, escape ? &kKeyPause : nullptr, &interrupts.openMask());
+        if (escape && ready == 0) {
+            theEngine->requestCancel();
+            interrupted = 1;
+        }
         if (std::exchange(interrupted, 0)) {
             lineEnd = LineEnd::cancelled;
             rl_callback_sigcleanup();
@@ -165,6 +187,7 @@ void prepareEditor(const std::filesystem::path& historyFile)
     std::setlocale(LC_CTYPE, ""); // how wide characters are; nothing else hangs on it
     rl_readline_name = "kelmaro";
     rl_catch_signals = 0;
+    rl_getc_function = readKey;
     rl_attempted_completion_function = complete;
     rl_basic_word_break_characters = " \t";
     rl_variable_bind("enable-bracketed-paste", "off"); // pasted lines are answers one by one

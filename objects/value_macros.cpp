@@ -76,10 +76,11 @@ std::wstring expandMacros(const ObjectDef& object, std::wstring_view text)
     if (expanded.find(L"$(") == std::wstring::npos)
         return expanded;
 
-    // a chain that does not bite its tail visits each macro once; one that does may double each
-    // time
-    constexpr std::size_t kLongest = 65536;
-    for (std::size_t pass = 0; pass <= std::size(kMacros) && expanded.size() <= kLongest; ++pass) {
+    // a chain that does not bite its tail visits each macro once, and macros put together from
+    // pieces use up the text; one that does may double each time
+    const std::size_t mostPasses = std::size(kMacros) + text.size();
+    const std::size_t longest = 65536 + text.size();
+    for (std::size_t pass = 0; pass <= mostPasses && expanded.size() <= longest; ++pass) {
         bool found = false;
         for (const Macro& macro : kMacros)
             found |= replaceAll(expanded, macro, object);

@@ -22,6 +22,7 @@ ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObject, AcRxObject)
 namespace {
 
 constexpr std::size_t npos = TagList::npos;
+constexpr int kHardOwner = 360;
 
 // Where bracketed groups begin: right behind the handle, if that stands in the head.
 std::size_t behindHandle(const RecordHead& head)
@@ -391,7 +392,6 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
     Stub& stub = drawing_->index[stub_];
     if (erasing == ((stub.flags & host::kErased) != 0))
         return Acad::eOk;
-    const AcDbObjectId dictionary = extensionDictionary();
     drawing_->undo.willChange(*drawing_, stub_);
     drawing_->noteChanged(stub_);
     if (erasing)
@@ -400,10 +400,11 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
         stub.flags &= static_cast<std::uint16_t>(~host::kErased);
     if (host::isSymbolRecord(*drawing_, stub_))
         ++drawing_->symbolGeneration;
-    AcDbObjectPointer<AcDbDictionary> owned(erasing ? dictionary : ownExtensionDictionary(),
-                                            AcDb::kForWrite, true);
-    if (owned.openStatus() == Acad::eOk)
-        owned->erase(erasing);
+    for (const AcDbObjectId id : hardOwned()) {
+        AcDbObjectPointer<AcDbObject> owned(id, AcDb::kForWrite, true);
+        if (owned.openStatus() == Acad::eOk)
+            owned->erase(erasing);
+    }
     subErase(erasing);
     if (erasing) {
         // what lists this object among its members loses it: a dictionary, a group, a hatch with
@@ -423,6 +424,19 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
         [&](AcDbDatabaseReactor& reactor) { reactor.objectErased(&database, this, erasing); });
     tellReactors([&](AcDbObjectReactor& reactor) { reactor.erased(this, erasing); });
     return Acad::eOk;
+}
+
+std::vector<AcDbObjectId> AcDbObject::hardOwned() const
+{
+    std::vector<AcDbObjectId> owned;
+    for (std::size_t i = 0; i < tags().size(); ++i) {
+        if (tags()[i].code != kHardOwner)
+            continue;
+        const AcDbObjectId id = idOfHandle(tags().handle(i));
+        if (!id.isNull() && drawing_->index[id.stubNumber()].owner == stub_)
+            owned.push_back(id);
+    }
+    return owned;
 }
 
 // ---- extension dictionary ----

@@ -150,6 +150,9 @@ private:
     void endWriting();      // what closing and downgrading share
     void takeGivenHandle(); // into the tags, where the file has none or one that was taken
     AcDbObjectId ownExtensionDictionary() const; // erased or not
+    // What the record points to as its own and that names it as owner: the extension dictionary, an
+    // image's reactor.
+    std::vector<AcDbObjectId> hardOwned() const;
 
     host::Drawing* drawing_ = nullptr;
     std::uint32_t stub_ = 0;

@@ -193,6 +193,23 @@ std::optional<AcGePoint3d> pointField(const TagList& tags, const Subclass& part,
     return point;
 }
 
+namespace {
+
+// Where a new tag goes. A record with markers that lacks this one is given it, so that what is
+// written is found again.
+std::size_t placeToWrite(TagWriter& object, const Subclass& part, int code)
+{
+    const TagList& tags = object.tags();
+    if (hasMarkers(tags) && !subclassRange(tags, part.marker)) {
+        const bool common = part.marker == "AcDbEntity";
+        const std::size_t at = common ? recordHead(tags).end : dataEnd(tags);
+        object.tagsForWrite().insertBytes(at, 100, part.marker);
+    }
+    return placeOfField(object.tags(), part, code);
+}
+
+} // namespace
+
 bool setRealField(TagWriter& object, const Subclass& part, int code, double value, double fallback)
 {
     const std::size_t at = findField(object.tags(), part, code);
@@ -204,7 +221,8 @@ bool setRealField(TagWriter& object, const Subclass& part, int code, double valu
     }
     if (value == fallback)
         return false;
-    object.tagsForWrite().insertReal(placeOfField(object.tags(), part, code), code, value);
+    const std::size_t place = placeToWrite(object, part, code);
+    object.tagsForWrite().insertReal(place, code, value);
     return true;
 }
 
@@ -220,7 +238,8 @@ bool setIntegerField(TagWriter& object, const Subclass& part, int code, std::int
     }
     if (value == fallback)
         return false;
-    object.tagsForWrite().insertInteger(placeOfField(object.tags(), part, code), code, value);
+    const std::size_t place = placeToWrite(object, part, code);
+    object.tagsForWrite().insertInteger(place, code, value);
     return true;
 }
 
@@ -236,7 +255,8 @@ bool setTextField(TagWriter& object, const Subclass& part, int code, std::wstrin
     }
     if (value == fallback)
         return false;
-    object.tagsForWrite().insertText(placeOfField(object.tags(), part, code), code, value);
+    const std::size_t place = placeToWrite(object, part, code);
+    object.tagsForWrite().insertText(place, code, value);
     return true;
 }
 
@@ -251,7 +271,8 @@ bool setHandleField(TagWriter& object, const Subclass& part, int code, std::uint
     }
     if (value == 0)
         return false;
-    object.tagsForWrite().insertHandle(placeOfField(object.tags(), part, code), code, value);
+    const std::size_t place = placeToWrite(object, part, code);
+    object.tagsForWrite().insertHandle(place, code, value);
     return true;
 }
 
@@ -260,7 +281,7 @@ bool setPointField(TagWriter& object, const Subclass& part, int code, const AcGe
     const double parts[] = {value.x, value.y, value.z};
     std::size_t at = findField(object.tags(), part, code);
     if (at == npos) {
-        const std::size_t place = placeOfField(object.tags(), part, code);
+        const std::size_t place = placeToWrite(object, part, code);
         TagList& tags = object.tagsForWrite();
         for (int i = 0; i < 3; ++i)
             tags.insertReal(place + static_cast<std::size_t>(i), code + 10 * i, parts[i]);

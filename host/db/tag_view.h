@@ -60,7 +60,7 @@ std::optional<AcGePoint3d> pointField(const TagList& tags, const Subclass& part,
 
 // Writing a field: leaves the tags alone when the effective value is equal already and answers
 // false. A value that becomes the fallback keeps its tag. `tags` is asked for only when there is
-// something to change.
+// something to change. A record with markers that lacks the field's one gets it with the field.
 class TagWriter {
 public:
     virtual ~TagWriter() = default;

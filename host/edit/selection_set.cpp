@@ -1,6 +1,7 @@
 #include "host/edit/selection_set.h"
 
 #include "host/db/database.h"
+#include "host/edit/id_sequence.h"
 #include "host/edit/pick_first.h"
 #include "host/edit/selection.h"
 #include "host/text/case_mapping.h"
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace host {
 
@@ -18,36 +18,13 @@ namespace {
 // An entity's name holds its id and zero, a set's its number and this.
 constexpr std::int64_t kSetMark = 1;
 
-struct SelectionSet {
-    std::vector<AcDbObjectId> ids;
-    // Made with the first question that it answers; most sets are only filled and read.
-    std::unordered_set<AcDbObjectId> members;
-    bool indexed = false;
-
-    bool has(AcDbObjectId id)
-    {
-        if (!std::exchange(indexed, true)) {
-            members.reserve(ids.size());
-            members.insert(ids.begin(), ids.end());
-        }
-        return members.contains(id);
-    }
-    void add(AcDbObjectId id)
-    {
-        if (has(id))
-            return;
-        ids.push_back(id);
-        members.insert(id);
-    }
-};
-
-std::unordered_map<std::int64_t, SelectionSet>& sets()
+std::unordered_map<std::int64_t, IdSequence>& sets()
 {
-    static std::unordered_map<std::int64_t, SelectionSet> all;
+    static std::unordered_map<std::int64_t, IdSequence> all;
     return all;
 }
 
-SelectionSet* findSet(const ads_name& name)
+IdSequence* findSet(const ads_name& name)
 {
     if (name[1] != kSetMark)
         return nullptr;
@@ -139,14 +116,14 @@ const Mode* findMode(std::wstring_view name)
 ads_name makeSelectionSet(std::vector<AcDbObjectId> ids)
 {
     static std::int64_t number = 0;
-    sets()[++number].ids = std::move(ids);
+    sets()[++number] = IdSequence(std::move(ids));
     return {number, kSetMark};
 }
 
 const std::vector<AcDbObjectId>* selectionSetMembers(const ads_name& set)
 {
-    const SelectionSet* const found = findSet(set);
-    return found ? &found->ids : nullptr;
+    IdSequence* const found = findSet(set);
+    return found ? &found->ids() : nullptr;
 }
 
 } // namespace host
@@ -181,19 +158,19 @@ int acedSSGet(const wchar_t* mode, const void* pt1, const void* pt2, const Resbu
 
 int acedSSLength(const ads_name& set, std::int32_t& length)
 {
-    const host::SelectionSet* const found = host::findSet(set);
+    const host::IdSequence* const found = host::findSet(set);
     if (!found)
         return RTERROR;
-    length = static_cast<std::int32_t>(found->ids.size());
+    length = static_cast<std::int32_t>(found->size());
     return RTNORM;
 }
 
 int acedSSName(const ads_name& set, std::int32_t index, ads_name& entity)
 {
-    const host::SelectionSet* const found = host::findSet(set);
-    if (!found || index < 0 || static_cast<std::size_t>(index) >= found->ids.size())
+    const host::IdSequence* const found = host::findSet(set);
+    if (!found || index < 0 || static_cast<std::size_t>(index) >= found->size())
         return RTERROR;
-    entity = {found->ids[static_cast<std::size_t>(index)].asOldId(), 0};
+    entity = {(*found)[static_cast<std::size_t>(index)].asOldId(), 0};
     return RTNORM;
 }
 
@@ -213,7 +190,7 @@ int acedSSAdd(const ads_name* entity, const ads_name* set, ads_name& result)
             host::findSet(result)->add(id);
         return RTNORM;
     }
-    host::SelectionSet* const found = host::findSet(*set);
+    host::IdSequence* const found = host::findSet(*set);
     if (!found)
         return RTERROR;
     if (entity)
@@ -225,18 +202,15 @@ int acedSSAdd(const ads_name* entity, const ads_name* set, ads_name& result)
 int acedSSDel(const ads_name& entity, const ads_name& set)
 {
     AcDbObjectId id;
-    host::SelectionSet* const found = host::findSet(set);
-    if (!found || acdbGetObjectId(id, entity) != Acad::eOk || !found->has(id))
-        return RTERROR;
-    std::erase(found->ids, id);
-    found->members.erase(id);
-    return RTNORM;
+    host::IdSequence* const found = host::findSet(set);
+    return found && acdbGetObjectId(id, entity) == Acad::eOk && found->remove(id) ? RTNORM
+                                                                                   : RTERROR;
 }
 
 int acedSSMemb(const ads_name& entity, const ads_name& set)
 {
     AcDbObjectId id;
-    host::SelectionSet* const found = host::findSet(set);
+    host::IdSequence* const found = host::findSet(set);
     return found && acdbGetObjectId(id, entity) == Acad::eOk && found->has(id) ? RTNORM : RTERROR;
 }
 
@@ -247,10 +221,10 @@ int acedSSSetFirst(const ads_name* grip, const ads_name* pick)
         host::setPickFirst({});
         return RTNORM;
     }
-    const host::SelectionSet* const found = host::findSet(*name);
+    host::IdSequence* const found = host::findSet(*name);
     if (!found)
         return RTERROR;
-    host::setPickFirst(found->ids);
+    host::setPickFirst(found->ids());
     return RTNORM;
 }
 

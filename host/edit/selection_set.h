@@ -8,7 +8,7 @@
 #include <vector>
 
 // Selection sets by name. A set holds ids in the order of their coming, each once; filling it,
-// asking its length and reading a member by number take no search.
+// taking members out, asking its length and reading a member by number take no search.
 
 // `mode` null: asks "Select objects: ". "_I" the pick-first set; "_X" all of the drawing that the
 // filter lets through; "_A" all; "_P" previous; "_L" last; "_W" and "_C" by two corners

@@ -63,6 +63,7 @@ void TypedInput::insert(std::wstring_view text)
 {
     Fed fed;
     fed.text = withPlainLineEnds(text);
+    fedLine_.clear();
     if (!fed.text.empty())
         fed_.push_front(std::move(fed));
 }
@@ -72,6 +73,8 @@ void TypedInput::endLine()
     dropping_ = false;
     if (begun_ && !partial_.empty())
         feed(L"\n", origin_);
+    else
+        fedLine_.clear();
 }
 
 bool TypedInput::openQuote() const

@@ -213,6 +213,11 @@ std::wstring DrawingStructure::place(Kind kind, std::string_view type, Stub& stu
         return {};
     }
 
+    if (kind == Kind::tableEnd) {
+        stub.flags |= kStructure;
+        ++strayEnds_;
+        return {};
+    }
     stub.flags |= kEntity;
     if (kind == Kind::sequence) {
         parent_ = number;

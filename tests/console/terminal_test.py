@@ -72,6 +72,22 @@ class Terminal(ConsoleTest):
         self.type("QUIT\r")
         self.assertEqual(self.end(), 0)
 
+    def test_escape_cancels_the_command_and_the_line(self):
+        self.start()
+        self.wait_for("Command: ")
+        self.type("LUPREC\r")
+        self.wait_for("<4>: ")
+        self.type("6\x1b")
+        self.wait_for("*Cancel*\r\nCommand: ")
+        self.type("LUPREC\r")
+        self.wait_for("<4>: ")
+        self.type("\x1b[A\x0b\x157\r")  # the key Up begins with the code of Escape
+        self.wait_for("Command: ")
+        self.type("LUPREC\r")
+        self.wait_for("<7>: ")
+        self.type("\r\x04")
+        self.assertEqual(self.end(), 0)
+
     def test_enter_alone_repeats_the_last_command(self):
         self.start()
         self.wait_for("Command: ")

@@ -46,6 +46,12 @@ TEST_F(ValueMacros, ExpandsWhatAReplacementHolds)
 {
     EXPECT_EQ(expandMacros(named(L"by $(user_name)"), L"$(obj_name)"),
               L"by " + orUnknown(host::userName()));
+    std::wstring nested = L"$(obj_name)"; // with the name "obj" each pass makes the next macro
+    for (int depth = 0; depth < 30; ++depth)
+        nested = L"$(" + nested + L"_name)";
+    EXPECT_EQ(expandMacros(named(L"obj"), nested), L"obj");
+    EXPECT_EQ(expandMacros(named(L"Road"), std::wstring(70'000, L'-') + L"$(obj_name)"),
+              std::wstring(70'000, L'-') + L"Road");
 }
 
 TEST_F(ValueMacros, ANameThatHoldsItselfEnds)

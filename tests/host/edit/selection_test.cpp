@@ -3,6 +3,7 @@
 #include "host/db/line.h"
 #include "host/db/symbol_tables.h"
 #include "host/edit/command_call.h"
+#include "host/edit/id_sequence.h"
 #include "host/edit/selection.h"
 #include "host/edit/selection_set.h"
 #include "host/text/encoding.h"
@@ -161,6 +162,10 @@ TEST_F(SelectionTest, ByHandentRefusesWhatIsNoLivingEntity)
     EXPECT_EQ(pick(layer + L"\n(handent \"FFFFFF\")\n(HANDENT \"" +
                    host::fromUtf8(host::handleText(arc_.handle().value())) + L"\" )\n\n"),
               Ids{arc_});
+    const host::Drawing& drawing = database().drawing();
+    const host::BlockPlace& space = drawing.blocks.at(drawing.modelSpace);
+    EXPECT_EQ(pick(handent(drawing.id(space.begin)) + L"\n\n"), Ids{});
+    EXPECT_EQ(pick(handent(drawing.id(space.end)) + L"\n\n"), Ids{});
     AcDbObjectPointer<AcDbEntity>(arc_, AcDb::kForWrite)->erase();
     EXPECT_EQ(pick(handent(arc_) + L"\n\n"), Ids{});
 }
@@ -246,6 +251,33 @@ TEST_F(SelectionTest, SetsKeepOrderAndHoldEachOnce)
     EXPECT_EQ(acdbGetObjectId(id, set), Acad::eInvalidInput); // a set is no entity
     EXPECT_EQ(acedSSFree(set), RTNORM);
     EXPECT_EQ(acedSSFree(set), RTERROR);
+}
+
+TEST(IdSequence, NumbersItsMembersAsAPlainListDoes)
+{
+    std::uint32_t random = 1;
+    const auto next = [&](std::size_t below) { return (random = random * 48271u % 2147483647u) % below; };
+    host::IdSequence sequence;
+    Ids plain;
+    for (int round = 0; round < 3000; ++round) {
+        const AcDbObjectId id(7, static_cast<std::uint32_t>(next(300) + 1));
+        const bool isMember = std::ranges::find(plain, id) != plain.end();
+        ASSERT_EQ(sequence.has(id), isMember);
+        if (next(2)) {
+            sequence.add(id);
+            if (!isMember)
+                plain.push_back(id);
+        } else {
+            EXPECT_EQ(sequence.remove(id), isMember);
+            std::erase(plain, id);
+        }
+        ASSERT_EQ(sequence.size(), plain.size());
+        for (std::size_t number = 0; number < plain.size(); number += 1 + next(40))
+            ASSERT_EQ(sequence[number], plain[number]);
+        if (next(50) == 0) {
+            ASSERT_EQ(sequence.ids(), plain);
+        }
+    }
 }
 
 TEST_F(SelectionTest, EntSelTellsEntityAndPoint)
