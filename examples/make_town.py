@@ -16,6 +16,7 @@ TABLES = {
     "building": [("object", 1, ""), ("address", 1, ""), ("storeys", 90, 0), ("roof", 1, "")],
     "road": [("object", 1, ""), ("name", 1, ""), ("width", 40, 0.0)],
     "plant": [("object", 1, ""), ("species", 1, ""), ("planted", 90, 0)],
+    "lamp": [("object", 1, ""), ("watts", 90, 0)],
     "shaft": [("object", 1, ""), ("number", 90, 0), ("depth", 40, 0.0), ("cover", 1, "")],
 }
 
@@ -100,7 +101,8 @@ def add_shafts(msp):
 
 def add_rest(msp):
     for i in range(7):
-        msp.add_circle((i * 25, 34), 0.5 if i != 6 else 0.8, dxfattribs={"layer": "lamps"})
+        lamp = msp.add_circle((i * 25, 34), 0.5 if i != 6 else 0.8, dxfattribs={"layer": "lamps"})  # the last is too large
+        add_record(lamp, "lamp", "Lamp", 40)
     park = msp.add_hatch(dxfattribs={"layer": "parks", "color": 92})
     park.paths.add_polyline_path(rectangle(110, 10, 40, 20), is_closed=True)
     for text, y in (("Mill Lane", 1), ("Church Street", 41)):

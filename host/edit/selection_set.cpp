@@ -204,7 +204,7 @@ int acedSSDel(const ads_name& entity, const ads_name& set)
     AcDbObjectId id;
     host::IdSequence* const found = host::findSet(set);
     return found && acdbGetObjectId(id, entity) == Acad::eOk && found->remove(id) ? RTNORM
-                                                                                   : RTERROR;
+                                                                                  : RTERROR;
 }
 
 int acedSSMemb(const ads_name& entity, const ads_name& set)

@@ -23,9 +23,10 @@ struct RecordNote {
     std::uint64_t owner = 0; // handle
     std::uint32_t layer = 0;
     std::uint16_t type = 0;
-    std::uint16_t flags = 0; // kHasDictionary, kHasReactors, kPaperSpace
-    std::uint8_t marks = 0;
+    std::uint16_t flags : 12 = 0; // kHasDictionary, kHasReactors, kPaperSpace
+    std::uint16_t marks : 4 = 0;
 };
+static_assert(sizeof(RecordNote) == 32);
 
 // The notes of many records, in file order. They are as large as the index made from them, so what
 // has been read of them goes back to the system at once.

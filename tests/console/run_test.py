@@ -1,6 +1,7 @@
 """The program from the outside: what it opens, types, tells and saves, and how it ends."""
 
 import os
+import resource
 import subprocess
 import unittest
 
@@ -155,6 +156,16 @@ class Drawings(ConsoleTest):
         self.run_program("a.dxf", "-c", "ERASE L ", "-o", "full.dxf", status=2)
         self.assertTrue(self.trouble.startswith("kelmaro: "))
 
+    def test_a_file_that_may_not_grow_is_told_like_a_full_disk(self):
+        before = drawing(line("A1"), line("A2"))
+        self.write("a.dxf", before)
+        told = self.run_program("a.dxf", "-c", "ERASE L ", "-c", "QSAVE", "-c", "REGEN", "--save", status=2,
+                                preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (300, 300)))
+        self.assertIn("Regenerating model.", told)
+        self.assertTrue(self.trouble.startswith("kelmaro: cannot write '"), self.trouble)
+        self.assertEqual([name for name in os.listdir(self.folder) if name != "config"], ["a.dxf"])
+        self.assertEqual(self.read("a.dxf"), before)
+
     def test_readonly_keeps_the_file_but_gives_copies(self):
         before = drawing(line("A1"), line("A2"))
         self.write("a.dxf", before)
@@ -241,6 +252,15 @@ class Streams(ConsoleTest):
         os.close(writing)
         self.assertEqual(process.wait(60), 0)
         self.assertTrue((self.folder / "out.dxf").exists())
+
+    def test_an_output_stream_that_is_full_is_told_once(self):
+        if not os.path.exists("/dev/full"):
+            self.skipTest("no /dev/full")
+        with open("/dev/full", "w") as full:
+            done = subprocess.run([console_program.PROGRAM, "-c", "HELP", "-c", "HELP"], cwd=self.folder,
+                                  env=self.environment, stdout=full, stderr=subprocess.PIPE, text=True, timeout=60)
+        self.assertEqual(done.returncode, 0)
+        self.assertEqual(done.stderr, "kelmaro: cannot write standard output: No space left on device\n")
 
     def test_closed_streams_are_not_taken_for_drawings(self):
         command = f"exec '{console_program.PROGRAM}' -c HELP -o out.dxf <&- >&- 2>&-"

@@ -256,7 +256,9 @@ TEST_F(SelectionTest, SetsKeepOrderAndHoldEachOnce)
 TEST(IdSequence, NumbersItsMembersAsAPlainListDoes)
 {
     std::uint32_t random = 1;
-    const auto next = [&](std::size_t below) { return (random = random * 48271u % 2147483647u) % below; };
+    const auto next = [&](std::size_t below) {
+        return (random = random * 48271u % 2147483647u) % below;
+    };
     host::IdSequence sequence;
     Ids plain;
     for (int round = 0; round < 3000; ++round) {

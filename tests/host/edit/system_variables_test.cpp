@@ -117,6 +117,17 @@ TEST_F(SystemVariablesTest, AScriptIsOneStep)
     EXPECT_EQ(steps.undo(db.drawing()), L"");
 }
 
+TEST_F(SystemVariablesTest, EachStepBeginsALineOfItsOwn)
+{
+    type(L"luprec 5 luprec ");
+    session().engine().endStep();
+    session().engine().beginStep();
+    type(L"^C\n");
+    session().engine().endStep();
+    EXPECT_EQ(session().engine().waiting().kind, host::WaitKind::command);
+    EXPECT_EQ(database().luprec(), 5);
+}
+
 TEST_F(SystemVariablesTest, AFailedCommandGoesBackToItsStart)
 {
     command(L"FAILS", [] {

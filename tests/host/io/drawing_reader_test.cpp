@@ -244,7 +244,7 @@ TEST(DrawingReader, GivesHandlesAboveTheSeedInFileOrder)
     const std::string bytes =
         lines(header("AC1015", "50") +
               section("ENTITIES", "0 LINE;5 60;8 0;0 LINE;8 0;0 LINE;5 60;8 1;0 LINE;5;8 2;"
-                                  "0 LINE;5 FFFFFFFFFFFFFFFF;8 3") +
+                                  "0 LINE;5 FFFFFFFFFFFFFFFF;8 3;0 ENDTAB") +
               section("OBJECTS", "0 DICTIONARY;5 C;330 D0;100 AcDbDictionary") + "0 ENDSEC;0 EOF");
     OpenDrawing opened(bytes);
     ASSERT_EQ(opened.outcome().status, Acad::eOk);
@@ -254,7 +254,7 @@ TEST(DrawingReader, GivesHandlesAboveTheSeedInFileOrder)
         handles.push_back(drawing.index[entity].handle);
     EXPECT_EQ(handles, (std::vector<std::uint64_t>{0x60, 0x61, 0x62, 0x63, 0x64}));
     EXPECT_EQ(drawing.warnings, (std::vector<std::wstring>{
-                                    L"1 end of a section or table that never began",
+                                    L"2 ends of sections or tables that never began",
                                     L"1 record without a handle; it was given one",
                                     L"1 record with an empty handle; it was given one",
                                     L"2 records with the handle of another; they were given new "
