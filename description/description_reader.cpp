@@ -2,6 +2,7 @@
 
 #include "description/directive_table.h"
 #include "description/object_directives.h"
+#include "description/resource_resolution.h"
 #include "description/stored_table.h"
 #include "host/text/case_mapping.h"
 #include "store/od_tables.h"
@@ -39,6 +40,8 @@ bool readLines(ReadingState& state, TextFileLines& lines)
         if (!tokens.empty() && !runDirective(state, tokens))
             return false;
     }
+    if (state.failed)
+        return false;
     if (state.classDepth > 0) {
         state.sink.message(std::nullopt, Message::classNotClosed, {});
         return false;
@@ -79,7 +82,7 @@ Description readDescription(std::wstring_view path, MessageSink& sink, OdStore& 
 {
     ReadingState state(path, sink, store);
     if (std::optional<TextFileLines> lines = TextFileLines::open(path)) {
-        if (!readLines(state, *lines) || !finishLastObject(state))
+        if (!readLines(state, *lines) || !finishLastObject(state) || !resolveResources(state))
             return {};
         for (const HostVariable& variable : state.description.variables)
             WriteHostVariable(variable);

@@ -2,6 +2,7 @@
 
 #include "description/description.h"
 #include "description/macro_defines.h"
+#include "import/resource_kind.h"
 #include "store/od_store.h"
 #include "text/message_sink.h"
 
@@ -42,6 +43,12 @@ struct ReadingState {
     Description description;
     MessageSink& sink;
     OdStore& store;
+
+    // Kinds that the directives ask of each file, by its lower-cased full path.
+    std::map<std::wstring, ResourceKinds> resourceRequests;
+    // A font cannot be found. What follows is still read up to the next table or variable, so that
+    // its faults are told as well.
+    bool failed = false;
 
     int lineNumber = 0; // pieces read
     int classDepth = 0;

@@ -94,6 +94,8 @@ bool finishTable(ReadingState& state)
     const auto [seen, isNew] = state.seenTables.try_emplace(host::lowerCased(table.name), table);
     if (!isNew && !sameTable(table, seen->second) && !isCompatible(table, seen->second))
         return state.fail(Message::tableConflict, table.name);
+    if (state.failed)
+        return false;
     state.currentObject.props.tables.push_back(std::move(table));
     table = {};
     return true;

@@ -53,12 +53,12 @@ bool readVariable(ReadingState& state, Tokens tokens)
     variable.name = tokens[1];
     if (!ReadHostVariable(variable)) {
         state.warn(Message::unknownVariable, variable.name);
-        return true;
+        return !state.failed;
     }
     if (!readValue(variable, tokens[2]))
         return state.fail(Message::invalidVariable);
     std::vector<HostVariable>& owner =
         state.currentName.empty() ? state.description.variables : state.currentObject.variables;
     owner.push_back(std::move(variable));
-    return true;
+    return !state.failed;
 }

@@ -2,6 +2,7 @@
 
 #include "host/files/open_file.h"
 #include "host/files/paths.h"
+#include "host/files/safe_save.h"
 #include "host/text/encoding.h"
 
 #include <algorithm>
@@ -47,4 +48,15 @@ std::optional<std::wstring_view> TextFileLines::next()
     const std::wstring_view piece = feed == rest.npos ? rest : rest.substr(0, feed + 1);
     at_ += piece.size();
     return piece;
+}
+
+bool writeTextFile(std::wstring_view path, std::wstring_view text)
+{
+    std::string error;
+    const std::unique_ptr<host::SafeSave> save =
+        host::SafeSave::begin(host::toPath(path), error, host::SafeSave::Backup::none);
+    if (!save)
+        return false;
+    save->write(host::toUtf8(text));
+    return save->commit(error);
 }

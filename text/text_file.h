@@ -23,3 +23,7 @@ private:
     std::wstring text_;
     std::size_t at_ = 0;
 };
+
+// A whole text file, written anew: UTF-8 without a mark, line feeds as they stand in the text. A
+// former file is replaced only by a complete one. False if the file cannot be written.
+bool writeTextFile(std::wstring_view path, std::wstring_view text);

@@ -307,12 +307,12 @@ void describe(const AcDbSolid& solid, PropertyList& list)
     addThickness(list, solid.thickness());
 }
 
-struct ClassRow {
+struct DescribedClass {
     AcRxClass* (*kind)();
     void (*describe)(const AcDbEntity& entity, PropertyList& list);
 };
 
-template <class Kind> constexpr ClassRow rowOf()
+template <class Kind> constexpr DescribedClass rowOf()
 {
     return {&Kind::desc, [](const AcDbEntity& entity, PropertyList& list) {
                 describe(static_cast<const Kind&>(entity), list);
@@ -320,7 +320,7 @@ template <class Kind> constexpr ClassRow rowOf()
 }
 
 // An entity is described by each row whose class it is of, the general one first.
-constexpr ClassRow kRows[] = {
+constexpr DescribedClass kRows[] = {
     rowOf<AcDbLine>(),
     rowOf<AcDbCircle>(),
     rowOf<AcDbArc>(),
@@ -372,7 +372,7 @@ PropertyList propertiesOf(const AcDbEntity& entity)
     list.emplace_back(L"Lineweight", lineWeightText(entity.lineWeight()));
     if (entity.visibility() == AcDb::kInvisible)
         list.emplace_back(L"Visible", yesNo(false));
-    for (const ClassRow& row : kRows)
+    for (const DescribedClass& row : kRows)
         if (entity.isKindOf(row.kind()))
             row.describe(entity, list);
     return list;

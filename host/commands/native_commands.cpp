@@ -4,6 +4,7 @@
 #include "host/commands/erase_command.h"
 #include "host/commands/file_commands.h"
 #include "host/commands/help_command.h"
+#include "host/commands/insert_command.h"
 #include "host/commands/layer_command.h"
 #include "host/commands/list_command.h"
 #include "host/commands/script_command.h"
@@ -41,6 +42,7 @@ constexpr NativeCommand kCommands[] = {
     {L"REDO", ACRX_CMD_NO_UNDO_MARKER, redoCommand},
     {L"SCRIPT", kKeepsPickFirst, scriptCommand},
     {L"SETVAR", kKeepsPickFirst | ACRX_CMD_TRANSPARENT, setvarCommand},
+    {L"-INSERT", ACRX_CMD_MODAL, insertCommand},
     {L"-LAYER", kKeepsPickFirst, layerCommand},
     {L"LAYER", kKeepsPickFirst, layerCommand},
     {L"REGEN", kKeepsPickFirst | ACRX_CMD_TRANSPARENT, regenCommand},

@@ -8,6 +8,7 @@
 #include <vector>
 
 class AcDbEntity;
+class AcDbSortentsTable;
 class AcDbBlockTableRecordIterator;
 
 namespace host {
@@ -24,6 +25,11 @@ public:
     // The entity becomes the block's last and is then open for write.
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
+    // eKeyNotFound where there is none and none is to be made. The block must be open for write
+    // when one is made.
+    Acad::ErrorStatus getSortentsTable(AcDbSortentsTable*& table,
+                                       AcDb::OpenMode mode = AcDb::kForRead,
+                                       bool createIfNecessary = true);
     // From the first to the last entity; erased ones left out unless asked for.
     Acad::ErrorStatus newIterator(std::unique_ptr<AcDbBlockTableRecordIterator>& iterator,
                                   bool atBeginning = true, bool skipDeleted = true) const;

@@ -31,6 +31,7 @@
 #include "host/db/shape.h"
 #include "host/db/solid3d.h"
 #include "host/db/solid_trace.h"
+#include "host/db/sort_ents_table.h"
 #include "host/db/style_objects.h"
 #include "host/db/sub_d_mesh.h"
 #include "host/db/surface.h"
@@ -233,6 +234,7 @@ constexpr ClassRow kClassTable[] = {
     {"MLEADERSTYLE", AcDbMLeaderStyle::desc},
     {"MLINESTYLE", AcDbMlineStyle::desc},
     {"PLOTSETTINGS", AcDbPlotSettings::desc},
+    {"SORTENTSTABLE", AcDbSortentsTable::desc},
     {"XRECORD", AcDbXrecord::desc},
 };
 
@@ -258,7 +260,11 @@ std::span<const ClassRow> classTable()
 AcRxClass* classOfRecord(Drawing& drawing, std::uint32_t stub)
 {
     const Stub& record = drawing.index[stub];
-    const ClassRow* const row = rowOf(drawing.index.types().name(record.type));
+    const NameTable<std::uint16_t>& types = drawing.index.types();
+    while (drawing.classRows.size() <= types.size())
+        drawing.classRows.push_back(
+            rowOf(types.name(static_cast<std::uint16_t>(drawing.classRows.size()))));
+    const ClassRow* const row = drawing.classRows[record.type];
     if (row)
         return row->refined ? row->refined(drawing, stub) : row->desc();
     return (record.flags & (kEntity | kChild)) != 0 ? AcDbGenericEntity::desc()

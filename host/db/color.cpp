@@ -1,7 +1,9 @@
 #include "host/db/color.h"
 
+#include <algorithm>
 #include <array>
 #include <cassert>
+#include <cstdlib>
 #include <limits>
 
 namespace host {
@@ -86,6 +88,12 @@ int nearestIndex(Rgb color)
         }
     }
     return best;
+}
+
+std::uint16_t colorIndexOfTag(int value)
+{
+    const std::int64_t index = std::abs(std::int64_t{value});
+    return static_cast<std::uint16_t>(std::min<std::int64_t>(index, AcCmColor::kNoneIndex));
 }
 
 } // namespace host

@@ -65,4 +65,7 @@ struct Rgb {
 Rgb colorOfIndex(int index);
 int nearestIndex(Rgb color);
 
+// The index that a 62 holds. Its sign is a layer's and tells that it is off.
+std::uint16_t colorIndexOfTag(int value);
+
 } // namespace host

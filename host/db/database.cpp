@@ -60,8 +60,8 @@ AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool /*noDocument*/)
 
 AcDbDatabase::~AcDbDatabase()
 {
+    drawing_->closeAllOpen(); // its notices come before the last one
     tellReactors([&](AcDbDatabaseReactor& reactor) { reactor.goodbye(this); });
-    drawing_->closeAllOpen();
     AcDbHostApplicationServices& services = *acdbHostApplicationServices();
     if (services.workingDatabase() == this)
         services.setWorkingDatabase(nullptr);
@@ -221,6 +221,19 @@ Acad::ErrorStatus AcDbDatabase::getNamedObjectsDictionary(AcDbDictionary*& dicti
     return acdbOpenObject(dictionary, namedObjectsDictionaryId(), mode);
 }
 
+AcDbObjectId AcDbDatabase::layoutDictionaryId() const
+{
+    return host::dictionaryEntry(*drawing_, drawing_->rootDictionary, L"ACAD_LAYOUT");
+}
+
+Acad::ErrorStatus AcDbDatabase::getLayoutDictionary(AcDbDictionary*& dictionary,
+                                                    AcDb::OpenMode mode)
+{
+    dictionary = nullptr;
+    const AcDbObjectId id = layoutDictionaryId();
+    return id.isNull() ? Acad::eKeyNotFound : acdbOpenObject(dictionary, id, mode);
+}
+
 AcDbObjectId AcDbDatabase::modelSpaceId() const
 {
     return drawing_->id(drawing_->modelSpace);
@@ -294,10 +307,4 @@ void AcDbDatabase::addReactor(AcDbDatabaseReactor* reactor)
 void AcDbDatabase::removeReactor(AcDbDatabaseReactor* reactor)
 {
     std::erase(reactors_, reactor);
-}
-
-AcDbHostApplicationServices* acdbHostApplicationServices()
-{
-    static AcDbHostApplicationServices services;
-    return &services;
 }

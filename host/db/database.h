@@ -6,14 +6,18 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 class AcDbBlockTable;
 class AcDbDictionary;
 class AcDbDimStyleTable;
+class AcDbIdMapping;
 class AcDbLayerTable;
+class AcDbLayoutManager;
 class AcDbLinetypeTable;
 class AcDbRegAppTable;
 class AcDbTextStyleTable;
@@ -24,6 +28,13 @@ class AcDbViewportTable;
 namespace host {
 struct Lookups;
 }
+
+namespace AcDb {
+
+// What becomes of a record whose name the drawing already has.
+enum DuplicateRecordCloning { kDrcNotApplicable = 0, kDrcIgnore = 1, kDrcReplace = 2 };
+
+} // namespace AcDb
 
 // One drawing in memory. The address of a deleted database is not handed out again, since maps of
 // applications have it as their key; objects of this class are made by new.
@@ -72,6 +83,11 @@ public:
     AcDbObjectId namedObjectsDictionaryId() const;
     Acad::ErrorStatus getNamedObjectsDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode);
 
+    // "ACAD_LAYOUT"; null id where the drawing has none.
+    AcDbObjectId layoutDictionaryId() const;
+    // eKeyNotFound where the drawing has none.
+    Acad::ErrorStatus getLayoutDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode);
+
     // "*Model_Space" and the space of the active layout; null id never.
     AcDbObjectId modelSpaceId() const;
     AcDbObjectId paperSpaceId() const;
@@ -84,6 +100,26 @@ public:
 
     // eUnknownHandle when no living object has the handle.
     Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, AcDbHandle handle) const;
+
+    // Copies objects of another database, all of it one, under an owner of this one: a symbol table
+    // for its records, a dictionary for its entries, a block for entities. What they own comes
+    // along, and what they need by name or hard pointer: layers, linetypes, styles, blocks with
+    // their contents, applications, entries of the root's dictionaries. A record or entry whose
+    // name this drawing has is left as it is (kDrcIgnore) or takes over the other's contents
+    // (kDrcReplace); either way the copies refer to it. Soft pointers to what stays behind become
+    // null. Handles are new; the form and the version are this drawing's. The mapping, when given,
+    // gets a pair for each object met. eInvalidInput for another rule, an owner that is of another
+    // kind or in another database, and ids of several databases or of this one; the status of
+    // opening the owner, which nobody may have open.
+    Acad::ErrorStatus wblockCloneObjects(const std::vector<AcDbObjectId>& ids, AcDbObjectId owner,
+                                         AcDbIdMapping& mapping,
+                                         AcDb::DuplicateRecordCloning duplicates);
+
+    // Takes a linetype of a linetype file into the drawing; a name with wildcards takes all that
+    // match and that the drawing lacks. A file by its bare name is looked for in the support
+    // folders. eFileNotFound; eUndefinedLineType for a name that the file has not, or whose shapes
+    // are not found; eDuplicateRecordName for one that the drawing has.
+    Acad::ErrorStatus loadLineTypeFile(std::wstring_view name, std::wstring_view file);
 
     int luprec() const;   // LUPREC: digits of linear display, 4 where the file does not say
     int insunits() const; // INSUNITS: 0 unitless
@@ -124,14 +160,30 @@ private:
     std::vector<AcDbDatabaseReactor*> reactors_;
 };
 
+// Takes a style of a multiline style file into the working database, under the same rules.
+// eFileNotFound, eKeyNotFound, eDuplicateRecordName.
+Acad::ErrorStatus acdbLoadMlineStyleFile(std::wstring_view name, std::wstring_view file);
+
 // What the database asks of the program around it.
 class AcDbHostApplicationServices {
 public:
+    using FolderList = std::function<std::vector<std::wstring>()>;
+
     AcDbDatabase* workingDatabase() const { return working_; }
     void setWorkingDatabase(AcDbDatabase* database) { working_ = database; }
 
+    // A support file: an absolute name as it stands, a bare one in the folder of the drawing (of
+    // the working one for null) and then in the support folders, in order.
+    std::optional<std::filesystem::path> findFile(std::wstring_view name,
+                                                  const AcDbDatabase* database = nullptr) const;
+    // Asked at each search; null for none.
+    void setSupportFolders(FolderList folders) { folders_ = std::move(folders); }
+
+    AcDbLayoutManager* layoutManager() const;
+
 private:
     AcDbDatabase* working_ = nullptr;
+    FolderList folders_;
 };
 
 AcDbHostApplicationServices* acdbHostApplicationServices();

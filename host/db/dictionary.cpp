@@ -339,6 +339,21 @@ void AcDbDictionary::subErase(bool erasing)
     }
 }
 
+void AcDbDictionary::loseReference(std::size_t at)
+{
+    EntryPlace entry;
+    eachEntry(tags(), [&](const EntryPlace& place) {
+        if (at < place.key || at >= place.end)
+            return true;
+        entry = place;
+        return false;
+    });
+    if (entry.key == npos)
+        return AcDbObject::loseReference(at);
+    tagsForWrite().erase(entry.key, entry.end);
+    forgetEntries();
+}
+
 void AcDbDictionary::memberErased(AcDbObjectId member)
 {
     remove(member);

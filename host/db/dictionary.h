@@ -57,6 +57,8 @@ public:
     // Erased ones and those that name nothing included; computed when first asked for.
     const std::vector<Entry>& entries() const;
 
+    void loseReference(std::size_t at) override; // an entry goes with its key
+
     std::string recordName() const override { return "DICTIONARY"; }
     std::span<const std::string_view> markers() const override;
 

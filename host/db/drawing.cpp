@@ -14,8 +14,8 @@ namespace host {
 
 namespace {
 
-constexpr std::size_t kDecodedLimit = std::size_t{32} << 20; // bytes
-constexpr std::size_t kObjectBytes = 256;                    // of an object beside its tags, about
+constexpr std::size_t kDecodedLimit = std::size_t{2} << 20; // bytes, once the first was exceeded
+constexpr std::size_t kObjectBytes = 256;                   // of an object beside its tags, about
 constexpr std::uint16_t kStateFlags = kHasDictionary | kHasReactors | kPaperSpace | kErased |
                                       kNeverWas | kImplicit | kMadeHandle | kChanged;
 
@@ -166,12 +166,15 @@ void Drawing::closed(AcDbObject& object)
         decoded_.push_back(object.stub_);
     decodedBytes_ += bytes - object.queuedBytes_; // its tags may have been split since
     object.queuedBytes_ = bytes;
-    if (decodedBytes_ > kDecodedLimit)
+    if (decodedBytes_ > decodedLimit_)
         trimDecoded();
 }
 
 void Drawing::trimDecoded()
 {
+    // Who walks through more than fits finds nothing again; memory that stays in the processor's
+    // cache serves him better.
+    decodedLimit_ = kDecodedLimit;
     while (decodedBytes_ > kDecodedLimit / 2 && !decoded_.empty()) {
         const std::uint32_t oldest = decoded_.front();
         decoded_.pop_front();
@@ -209,7 +212,7 @@ int Drawing::closeAllOpen()
 template <class Visit> void Drawing::eachChild(std::uint32_t parent, Visit visit) const
 {
     for (std::uint32_t i = parent + 1; parent <= fileRecords && i <= fileRecords; ++i) {
-        if ((index[i].flags & kChild) == 0)
+        if ((index[i].flags & kChild) == 0 || index[i].owner != parent)
             break;
         visit(i);
         if (index.types().name(index[i].type) == "SEQEND")
@@ -262,7 +265,7 @@ void Drawing::eraseChildren(std::uint32_t parent, bool erasing)
 std::uint32_t Drawing::blockOf(std::uint32_t entity) const
 {
     std::uint32_t owner = index[entity].owner;
-    if ((index[entity].flags & kChild) != 0 && owner)
+    if ((index[entity].flags & kChild) != 0 && (index[owner].flags & kEntity) != 0)
         owner = index[owner].owner;
     return owner;
 }

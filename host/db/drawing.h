@@ -12,6 +12,8 @@
 
 namespace host {
 
+struct ClassRow;
+
 // The records of one section, SECTION and ENDSEC included; numbers of stubs.
 struct SectionPlace {
     std::string name; // "ENTITIES"
@@ -65,6 +67,8 @@ public:
     std::uint32_t header = 0;           // the SECTION HEADER record, with all variables
     std::uint64_t fileSeed = 0;         // $HANDSEED as the file has it
     std::uint64_t nextHandle = 1;       // never given twice
+    // CLASS records of types that came from other drawings and that nobody here makes.
+    std::map<std::string, TagList, std::less<>> borrowedClasses;
     std::vector<std::wstring> warnings; // what was kept though wrong; AUDIT tells them
 
     // Children of a POLYLINE or INSERT that were made since opening; those of the file follow their
@@ -100,12 +104,14 @@ public:
     // Counts every change of a symbol table's entries, so that name lookups know when to look
     // again.
     std::uint64_t symbolGeneration = 0;
+    // Of the types by their numbers, filled when asked for; null for a name without a row.
+    std::vector<const ClassRow*> classRows;
 
     // Reads the stub's layer, and what its flags tell of groups, anew from changed tags.
     void refreshStub(std::uint32_t stub, const TagList& tags);
 
     // Decoded objects that nobody has open stay for a while; the oldest clean ones go when they
-    // hold more than 32 MiB.
+    // hold more than 32 MiB; from then on the limit is low.
     void closed(AcDbObject& object);
     void forget(std::uint32_t stub); // deletes the decoded object if nobody has it open
     // Names every object that is still open and closes it; the count of them.
@@ -127,7 +133,8 @@ private:
 
     std::set<std::uint32_t> changed_;
     std::deque<std::uint32_t> decoded_; // stubs of closed objects, the longest closed first
-    std::size_t decodedBytes_ = 0;      // what they count for
+    std::size_t decodedLimit_ = std::size_t{32} << 20; // of these bytes, see trimDecoded
+    std::size_t decodedBytes_ = 0;                     // what they count for
 };
 
 } // namespace host

@@ -94,17 +94,17 @@ Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId id)
 AcCmColor AcDbEntity::color() const
 {
     AcCmColor color;
-    const int index = integer(kEntityPart, 62, kByLayer);
+    const std::uint16_t index = host::colorIndexOfTag(integer(kEntityPart, 62, kByLayer));
     const std::size_t rgb = findField(tags(), kEntityPart, 420);
     if (rgb == TagList::npos) {
-        color.setColorIndex(static_cast<std::uint16_t>(index < 0 ? -index : index));
+        color.setColorIndex(index);
         return color;
     }
     const auto value = static_cast<std::uint32_t>(tags().integer(rgb) & kTrueColorMask);
     color.setRGB(static_cast<std::uint8_t>(value >> 16), static_cast<std::uint8_t>(value >> 8),
                  static_cast<std::uint8_t>(value));
     if (findField(tags(), kEntityPart, 62) != TagList::npos)
-        color.setStoredIndex(static_cast<std::uint16_t>(index < 0 ? -index : index));
+        color.setStoredIndex(index);
     return color;
 }
 

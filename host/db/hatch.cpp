@@ -463,19 +463,24 @@ void AcDbHatch::memberErased(AcDbObjectId member)
 {
     const std::uint64_t handle = member.handle().value();
     const host::TagRange range = host::hatchParts(tags(), part()).loops;
-    std::size_t count = TagList::npos; // the latest 97
-    for (std::size_t i = range.first; i < range.last; ++i) {
-        if (tags()[i].code == 97)
-            count = i;
-        if (tags()[i].code != 330 || tags().handle(i) != handle)
-            continue;
-        TagList& own = tagsForWrite();
-        if (count != TagList::npos)
-            own.setInteger(count, std::max<std::int64_t>(own.integer(count) - 1, 0));
-        own.erase(i, i + 1);
-        setAssociative(false);
-        return;
-    }
+    for (std::size_t i = range.first; i < range.last; ++i)
+        if (tags()[i].code == 330 && tags().handle(i) == handle)
+            return loseReference(i);
+}
+
+void AcDbHatch::loseReference(std::size_t at)
+{
+    const host::TagRange range = host::hatchParts(tags(), part()).loops;
+    if (at < range.first || at >= range.last)
+        return AcDbEntity::loseReference(at);
+    std::size_t count = at; // the number of the path's sources
+    while (count > range.first && tags()[count].code != 97)
+        --count;
+    TagList& own = tagsForWrite();
+    if (own[count].code == 97)
+        own.setInteger(count, std::max<std::int64_t>(own.integer(count) - 1, 0));
+    own.erase(at, at + 1);
+    setAssociative(false);
 }
 
 bool AcDbHatch::strokes(host::StrokeSink& sink) const

@@ -63,11 +63,19 @@ public:
     Acad::ErrorStatus setElevation(double elevation);
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
     Acad::ErrorStatus setLoops(std::span<const host::HatchLoop> loops);
+    // Fills with a pattern of the pattern files, turned and scaled by the pattern's angle and scale;
+    // SOLID fills. Predefined ones stand in acad.pat, or acadiso.pat for metric drawings (the
+    // working one's measurement before the hatch is in a drawing), custom ones in NAME.pat; a user's
+    // pattern is the one called "_USER", or "U", of parallel lines. eInvalidInput for a name that is
+    // not found; the hatch then stays as it is.
+    Acad::ErrorStatus setPattern(HatchPatternType type, std::wstring_view name);
     // Fills with the lines of a definition, turned and scaled by the pattern's angle and scale.
     Acad::ErrorStatus setPatternLines(HatchPatternType type, std::wstring_view name,
                                       std::span<const host::PatternLine> lines);
     Acad::ErrorStatus setSolidFill();
 
+    // A path's source goes, and the hatch is then no longer associative.
+    void loseReference(std::size_t at) override;
     bool strokes(host::StrokeSink& sink) const override;
     std::string recordName() const override { return "HATCH"; }
     std::span<const std::string_view> markers() const override;

@@ -60,7 +60,11 @@ public:
     {
         const double a = lowY_ / step_;
         const double b = highY_ / step_;
-        for (double row = std::ceil(std::min(a, b)); row <= std::max(a, b) && !sink.done(); ++row) {
+        const double first = std::ceil(std::min(a, b));
+        const double behind = std::min(std::max(a, b) - first, kMostStrokes);
+        // counted, since far from the origin one more row may round to the same one
+        for (double number = 0.0; number <= behind && !sink.done(); ++number) {
+            const double row = first + number;
             const std::vector<double> cuts = cutsAt(row * step_);
             for (std::size_t i = 0; i + 1 < cuts.size(); i += 2)
                 dashes(sink, row, cuts[i], cuts[i + 1]);
@@ -96,8 +100,10 @@ private:
             return;
         }
         const double start = row * shift_;
-        double x = start + std::floor((from - start) / period_) * period_;
-        while (x < to && !sink.done()) {
+        const double first = std::floor((from - start) / period_);
+        const double behind = std::min((to - start) / period_ - first, kMostStrokes);
+        for (double number = 0.0; number <= behind && !sink.done(); ++number) {
+            double x = start + (first + number) * period_;
             for (const double dash : line_.dashes) {
                 const double end = x + std::abs(dash);
                 const double a = std::max(x, from);
@@ -135,7 +141,7 @@ void strokePattern(StrokeSink& sink, std::span<const PatternLine> lines,
         families.back().takeEdges(outlines, toPlane);
         strokes += families.back().count();
     }
-    if (families.empty() || strokes > kMostStrokes) {
+    if (families.empty() || !(strokes <= kMostStrokes)) {
         for (const Outline& outline : outlines)
             sink.polyline(outline, true);
         return;

@@ -197,13 +197,12 @@ private:
 
         const std::uint16_t begin = index_.types().number("BLOCK");
         std::uint32_t block = 0;
-        std::uint32_t parent = 0;
         const auto place = [&](std::uint32_t stub, Stub& entity, std::uint32_t record) {
-            if ((entity.flags & kChild) != 0) {
-                entity.owner = parent ? parent : record;
+            if ((entity.flags & kChild) != 0) { // its parent is its owner already
+                if (!entity.owner)
+                    entity.owner = record;
                 return;
             }
-            parent = stub;
             entity.owner = record;
             blockPlace(record).entities.push_back(stub);
         };
@@ -211,12 +210,10 @@ private:
             Stub& record = index_[stub];
             if (record.type == begin) {
                 block = recordOfBegin.find(stub)->second;
-                parent = 0;
             } else if ((record.flags & kEntity) != 0 && block != 0) {
                 place(stub, record, block);
             }
         });
-        parent = 0;
         eachRecord("ENTITIES", [&](std::uint32_t stub) {
             Stub& entity = index_[stub];
             if ((entity.flags & kEntity) == 0)

@@ -58,6 +58,11 @@ int AcDbLayout::getTabOrder() const
     return integer(kLayout, 71, 0);
 }
 
+Acad::ErrorStatus AcDbLayout::setTabOrder(int order)
+{
+    return setInteger(kLayout, 71, order, 0);
+}
+
 bool AcDbLayout::getTabSelected() const
 {
     const AcDbObjectId block = getBlockTableRecordId();

@@ -26,6 +26,7 @@ public:
     std::wstring getLayoutName() const;
     AcDbObjectId getBlockTableRecordId() const; // null id where the file names no block of its own
     int getTabOrder() const;                    // 0 for model space
+    Acad::ErrorStatus setTabOrder(int order);
     // Drawings open in model space, so its tab is the selected one.
     bool getTabSelected() const;
 

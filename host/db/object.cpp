@@ -5,6 +5,7 @@
 #include "host/db/dictionary.h"
 #include "host/db/entity.h"
 #include "host/db/layer_visibility.h"
+#include "host/db/references.h"
 #include "host/db/symbol_names.h"
 
 #include <algorithm>
@@ -20,7 +21,6 @@ ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObject, AcRxObject)
 namespace {
 
 constexpr std::size_t npos = TagList::npos;
-constexpr int kHardOwner = 360;
 
 int handleCode(const TagList& tags)
 {
@@ -413,10 +413,10 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
 std::vector<AcDbObjectId> AcDbObject::hardOwned() const
 {
     std::vector<AcDbObjectId> owned;
-    for (std::size_t i = 0; i < tags().size(); ++i) {
-        if (tags()[i].code != kHardOwner)
+    for (const host::Reference& reference : host::referencesOf(tags())) {
+        if (reference.kind != host::ReferenceKind::hardOwner)
             continue;
-        const AcDbObjectId id = idOfHandle(tags().handle(i));
+        const AcDbObjectId id = idOfHandle(tags().handle(reference.at));
         if (!id.isNull() && drawing_->index[id.stubNumber()].owner == stub_)
             owned.push_back(id);
     }

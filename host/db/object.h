@@ -73,6 +73,16 @@ public:
 
     // A copy outside of any database, with the same contents and no handle.
     std::unique_ptr<AcDbObject> clone() const;
+    // An object outside of any database with these tags: the type, then no head. Null for a class
+    // that has no objects.
+    static std::unique_ptr<AcDbObject> withTags(const AcRxClass& kind, host::TagList tags);
+    // The tags behind the head are replaced by these, which begin with the type.
+    void replaceContents(const host::TagList& contents);
+    // The dictionary has this object as its owner already.
+    void adoptExtensionDictionary(AcDbObjectId dictionary);
+    // The pointer at this position has no target any more: it becomes null, or goes with what
+    // belongs to it. Tags before those that go stay in their places.
+    virtual void loseReference(std::size_t at);
 
     // Gives the object to a database under an owner; what containers call. The object is then open
     // for write.

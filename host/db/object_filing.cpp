@@ -183,14 +183,33 @@ Acad::ErrorStatus AcDbObject::dxfOutFields(AcDbDxfFiler* filer) const
 
 std::unique_ptr<AcDbObject> AcDbObject::clone() const
 {
-    std::unique_ptr<AcRxObject> made(isA()->create());
-    auto* const copy = AcDbObject::cast(made.get());
-    if (!copy)
-        return nullptr;
-    made.release();
-    std::unique_ptr<AcDbObject> result(copy);
     TagList own = withMarkers(tags().inSource(host::drawingFormat().scratchSource()), markers());
     own.erase(1, host::recordHead(own).end); // handle, groups and owner are the original's
-    result->tags_ = std::make_shared<const TagList>(std::move(own));
-    return result;
+    return withTags(*isA(), std::move(own));
+}
+
+std::unique_ptr<AcDbObject> AcDbObject::withTags(const AcRxClass& kind, TagList tags)
+{
+    std::unique_ptr<AcRxObject> made(kind.create());
+    auto* const object = AcDbObject::cast(made.get());
+    if (!object)
+        return nullptr;
+    made.release();
+    object->tags_ = std::make_shared<TagList>(std::move(tags));
+    return std::unique_ptr<AcDbObject>(object);
+}
+
+void AcDbObject::replaceContents(const TagList& contents)
+{
+    const TagList taken = contents.inSource(tags().source());
+    TagList& own = tagsForWrite();
+    own.erase(host::recordHead(own).end, own.size());
+    for (std::size_t i = 1; i < taken.size(); ++i)
+        own.addTag(taken[i]);
+    tagsReplaced();
+}
+
+void AcDbObject::loseReference(std::size_t at)
+{
+    tagsForWrite().setHandle(at, 0);
 }

@@ -64,13 +64,18 @@ Acad::ErrorStatus AcDbObject::createExtensionDictionary()
     const Acad::ErrorStatus status = dictionary->addToDatabase(*drawing_, objectId(), 0);
     if (status != Acad::eOk)
         return status;
+    adoptExtensionDictionary(dictionary->objectId());
+    return Acad::eOk;
+}
+
+void AcDbObject::adoptExtensionDictionary(AcDbObjectId dictionary)
+{
     TagList& own = tagsForWrite();
     const RecordHead head = host::recordHead(own);
     if (!head.dictionary.empty())
         own.erase(head.dictionary.first, head.dictionary.last); // named one that is gone
     const std::size_t at = head.dictionary.empty() ? behindHandle(head) : head.dictionary.first;
-    writeGroup(own, at, L"{ACAD_XDICTIONARY", 360, dictionary->handle().value());
-    return Acad::eOk;
+    writeGroup(own, at, L"{ACAD_XDICTIONARY", 360, dictionary.handle().value());
 }
 
 Acad::ErrorStatus AcDbObject::releaseExtensionDictionary()

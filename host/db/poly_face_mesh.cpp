@@ -23,10 +23,10 @@ bool AcDbPolyFaceMesh::strokes(host::StrokeSink& sink) const
             if (const int corner = host::integerInRecord(*child, code, 0))
                 corners.push_back(corner);
         for (std::size_t i = 0; i < corners.size(); ++i) {
-            const int from = corners[i];
-            const std::size_t a = static_cast<std::size_t>(std::abs(from));
-            const std::size_t b =
-                static_cast<std::size_t>(std::abs(corners[(i + 1) % corners.size()]));
+            const std::int64_t from = corners[i];
+            const std::int64_t to = corners[(i + 1) % corners.size()];
+            const auto a = static_cast<std::size_t>(std::abs(from));
+            const auto b = static_cast<std::size_t>(std::abs(to));
             if (from > 0 && a <= places.size() && b <= places.size())
                 sink.segment(places[a - 1], places[b - 1]);
         }

@@ -102,5 +102,13 @@ void AcDbGroup::memberErased(AcDbObjectId member)
     const std::optional<host::TagRange> range = host::subclassRange(tags(), kGroup.marker);
     for (std::size_t i = range ? range->last : 0; range && i-- > range->first;)
         if (tags()[i].code == kMember && tags().handle(i) == handle)
-            tagsForWrite().erase(i, i + 1);
+            loseReference(i);
+}
+
+void AcDbGroup::loseReference(std::size_t at)
+{
+    if (tags()[at].code == kMember)
+        tagsForWrite().erase(at, at + 1);
+    else
+        AcDbObject::loseReference(at);
 }

@@ -42,6 +42,7 @@ public:
     bool isAnonymous() const;
     bool isSelectable() const;
     std::vector<AcDbObjectId> allEntityIds() const; // living ones, in order
+    void loseReference(std::size_t at) override;    // a member goes
 
     std::span<const std::string_view> markers() const override;
 

@@ -150,7 +150,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
     if (blocks && asksForNumber(record->name()))
         record->setName(numberedName(*drawing(), table, record->name()));
     const std::wstring name = record->name();
-    if (name.empty())
+    if (name.empty() && !record->mayLackName())
         return Acad::eInvalidKey;
     if (has(name))
         return Acad::eDuplicateKey;

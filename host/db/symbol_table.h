@@ -22,6 +22,8 @@ protected:
     friend class AcDbSymbolTable;
 
     AcDbSymbolTableRecord() = default;
+    // Whether a table takes the record without a name.
+    virtual bool mayLackName() const { return false; }
     // Gives a new record what a complete one has; called before a table takes it.
     virtual void complete(host::Drawing& drawing);
     // Called once a table has taken the record, which is open for write.

@@ -83,7 +83,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsLocked(bool on)
 
 Acad::ErrorStatus AcDbLayerTableRecord::setIsOff(bool on)
 {
-    const int index = std::abs(integer(part(), kColor, kWhite));
+    const int index = host::colorIndexOfTag(integer(part(), kColor, kWhite));
     const Acad::ErrorStatus status = setInteger(part(), kColor, on ? -index : index, kWhite);
     noteSymbolChange();
     return status;
@@ -92,13 +92,13 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsOff(bool on)
 AcCmColor AcDbLayerTableRecord::color() const
 {
     AcCmColor color;
-    const int index = std::abs(integer(part(), kColor, kWhite));
+    const std::uint16_t index = host::colorIndexOfTag(integer(part(), kColor, kWhite));
     if (const int rgb = integer(part(), kTrueColor, -1); rgb >= 0) {
         color.setRGB(static_cast<std::uint8_t>(rgb >> 16), static_cast<std::uint8_t>(rgb >> 8),
                      static_cast<std::uint8_t>(rgb));
-        color.setStoredIndex(static_cast<std::uint16_t>(index));
+        color.setStoredIndex(index);
     } else {
-        color.setColorIndex(static_cast<std::uint16_t>(index));
+        color.setColorIndex(index);
     }
     return color;
 }
@@ -185,4 +185,14 @@ std::wstring AcDbTextStyleTableRecord::fileName() const
 bool AcDbTextStyleTableRecord::isShapeFile() const
 {
     return flag(part(), kFlags, kShapeFileBit);
+}
+
+Acad::ErrorStatus AcDbTextStyleTableRecord::setShapeFile(std::wstring_view file)
+{
+    if (!isWriteEnabled())
+        return Acad::eNotOpenForWrite;
+    if (host::findField(tags(), part(), 2) == host::TagList::npos)
+        tagsForWrite().insertText(host::placeOfField(tags(), part(), 2), 2, L"");
+    setFlag(part(), kFlags, kShapeFileBit, true);
+    return setText(part(), 3, file);
 }

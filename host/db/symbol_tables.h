@@ -60,10 +60,12 @@ public:
     double obliquingAngle() const; // radians
     std::wstring fileName() const;
     bool isShapeFile() const; // 70 bit 1: its records name no text style
+    Acad::ErrorStatus setShapeFile(std::wstring_view file); // of a new record
     std::string recordName() const override { return "STYLE"; }
     std::span<const std::string_view> markers() const override;
 
 protected:
+    bool mayLackName() const override { return isShapeFile(); }
     host::Subclass part() const override;
 };
 

@@ -98,7 +98,9 @@ TagList TagList::inSource(std::shared_ptr<TagSource> source) const
     copy.tags_.reserve(tags_.size());
     for (std::size_t i = 0; i < tags_.size(); ++i) {
         const int code = tags_[i].code;
-        switch (tagKind(code)) {
+        // up to R14 a 5 in a dimension style is an arrow block's name
+        const bool arrow = code == 5 && tags_[0].bytes() == "DIMSTYLE";
+        switch (arrow ? TagKind::text : tagKind(code)) {
         case TagKind::real:
             copy.addReal(code, real(i));
             break;

@@ -202,7 +202,7 @@ std::size_t placeToWrite(TagWriter& object, const Subclass& part, int code)
     const TagList& tags = object.tags();
     if (hasMarkers(tags) && !subclassRange(tags, part.marker)) {
         const bool common = part.marker == "AcDbEntity";
-        const std::size_t at = common ? recordHead(tags).end : dataEnd(tags);
+        const std::size_t at = common ? tags.find(100) : dataEnd(tags);
         object.tagsForWrite().insertBytes(at, 100, part.marker);
     }
     return placeOfField(object.tags(), part, code);

@@ -1,9 +1,12 @@
 #include "host/edit/environment.h"
 
+#include "host/db/database.h"
 #include "host/files/user_profile.h"
 #include "host/runtime/resbuf.h"
 #include "host/text/case_mapping.h"
 #include "host/text/encoding.h"
+
+#include <algorithm>
 
 namespace host {
 
@@ -28,11 +31,25 @@ std::wstring ownSupportPath()
                      theProfile->get(kSupportPath).value_or(std::wstring()));
 }
 
+std::vector<std::wstring> supportFolders()
+{
+    std::vector<std::wstring> folders;
+    const std::wstring all = theSupportFolder + ownSupportPath();
+    for (std::size_t first = 0; first < all.size();) {
+        const std::size_t end = std::min(all.find(L';', first), all.size());
+        if (end > first)
+            folders.push_back(all.substr(first, end - first));
+        first = end + 1;
+    }
+    return folders;
+}
+
 } // namespace
 
 void setEnvironment(UserProfile* profile, std::wstring supportFolder)
 {
     theProfile = profile;
+    acdbHostApplicationServices()->setSupportFolders(profile ? supportFolders : nullptr);
     theSupportFolder = supportFolder.empty() ? std::wstring() : std::move(supportFolder) + L';';
 }
 

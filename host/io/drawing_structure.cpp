@@ -41,6 +41,7 @@ DrawingStructure::Kind DrawingStructure::kindOf(std::uint16_t type)
         {"ENDTAB", Kind::tableEnd},   {"BLOCK", Kind::block},       {"ENDBLK", Kind::blockEnd},
         {"POLYLINE", Kind::sequence}, {"INSERT", Kind::sequence},   {"VERTEX", Kind::child},
         {"ATTRIB", Kind::child},      {"SEQEND", Kind::childEnd},   {"EOF", Kind::fileEnd},
+        {"CLASS", Kind::classRecord},
     };
     const std::string_view name = drawing_.index.types().name(type);
     kind = Kind::plain;
@@ -155,6 +156,14 @@ std::wstring DrawingStructure::place(Kind kind, std::string_view type, Stub& stu
         break;
     }
 
+    const bool inObjects = section_ != Section::none && section_ != Section::plain;
+    if (inObjects &&
+        (kind == Kind::classRecord || (kind == Kind::tableEnd && section_ != Section::tables))) {
+        stub.flags |= kStructure; // they have no handle
+        if (kind == Kind::tableEnd)
+            ++strayEnds_;
+        return {};
+    }
     switch (section_) {
     case Section::none:
         return shown(type) + L" stands outside of any section";
@@ -213,11 +222,6 @@ std::wstring DrawingStructure::place(Kind kind, std::string_view type, Stub& stu
         return {};
     }
 
-    if (kind == Kind::tableEnd) {
-        stub.flags |= kStructure;
-        ++strayEnds_;
-        return {};
-    }
     stub.flags |= kEntity;
     if (kind == Kind::sequence) {
         parent_ = number;

@@ -41,6 +41,7 @@ private:
         sequence, // POLYLINE, INSERT
         child,    // VERTEX, ATTRIB
         childEnd, // SEQEND
+        classRecord,
         fileEnd
     };
 

@@ -235,7 +235,7 @@ void Planner::addClasses()
         return;
     std::set<std::string_view> needed;
     for (const std::uint32_t stub : written_.added)
-        if (classRecordOf(typeName(stub)))
+        if (classRecordOf(typeName(stub)) || drawing_.borrowedClasses.contains(typeName(stub)))
             needed.insert(typeName(stub));
     if (needed.empty())
         return;
@@ -247,8 +247,11 @@ void Planner::addClasses()
                 if (name != TagList::npos)
                     needed.erase((*tags)[name].bytes());
             }
-    for (const std::string_view type : needed)
-        tail("CLASSES") += bytes_.classRecord(*classRecordOf(type));
+    for (const std::string_view type : needed) {
+        const ClassRecord* const record = classRecordOf(type);
+        tail("CLASSES") += record ? bytes_.classRecord(*record)
+                                  : bytes_.tags(drawing_.borrowedClasses.find(type)->second);
+    }
 }
 
 // Only new handles move the seed, and only when they reach the file's.

@@ -1,10 +1,12 @@
 #include "host/io/dxf_format.h"
 
+#include "host/db/symbol_names.h"
 #include "host/files/paths.h"
 #include "host/files/safe_save.h"
 #include "host/io/drawing_reader.h"
 #include "host/io/drawing_writer.h"
 #include "host/io/new_drawing.h"
+#include "host/io/raised_record.h"
 #include "host/io/text_form.h"
 #include "host/text/encoding.h"
 
@@ -84,6 +86,20 @@ std::shared_ptr<TagSource> DxfFormat::scratchSource()
 {
     return std::make_shared<TagSource>(
         nullptr, std::make_unique<TextForm>(DxfVersion::r2018, CodePage::utf8(), TextStyle()));
+}
+
+TagList DxfFormat::raisedRecord(Drawing& drawing, std::uint32_t stub)
+{
+    const RaisedRecord raised(drawing, drawing.source);
+    const Stub& record = drawing.index[stub];
+    const std::string_view type = drawing.index.types().name(record.type);
+    if ((record.flags & (kEntity | kChild)) != 0)
+        return raised.entity(stub, 0);
+    if (type == "BLOCK" || type == "ENDBLK")
+        return raised.blockMark(stub, 0, false);
+    if (symbolKind(type))
+        return raised.tableEntry(stub, type);
+    return raised.complete(stub);
 }
 
 std::unique_ptr<DrawingFormat> makeDxfFormat()

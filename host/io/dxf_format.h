@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/db/drawing_format.h"
+#include "host/io/definition_files.h"
 
 namespace host {
 
@@ -12,6 +12,11 @@ public:
     FileOutcome save(Drawing& drawing, const std::filesystem::path& path) override;
     FileOutcome write(Drawing& drawing, std::string& bytes) override;
     std::shared_ptr<TagSource> scratchSource() override;
+    TagList raisedRecord(Drawing& drawing, std::uint32_t stub) override;
+    DefinitionFiles& definitions() override { return definitions_; }
+
+private:
+    DefinitionFileReader definitions_;
 };
 
 std::unique_ptr<DrawingFormat> makeDxfFormat();

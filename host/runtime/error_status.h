@@ -51,6 +51,8 @@ enum ErrorStatus {
     eBadDxfSequence = 130,
     eBadDxfFile = 131,
     eLoadFailed = 140,
+    eUndefinedLineType = 211,
+    eDuplicateRecordName = 220,
 };
 
 } // namespace Acad

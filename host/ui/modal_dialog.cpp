@@ -83,7 +83,7 @@ bool ChoiceList::ask()
                       });
 }
 
-bool TextBox::ask()
+bool TextPane::ask()
 {
     engine().print(text);
     engine().transcript().freshLine();

@@ -47,9 +47,9 @@ public:
 };
 
 // Text to be read; nothing is asked.
-class TextBox : public Control {
+class TextPane : public Control {
 public:
-    explicit TextBox(std::wstring textOf) : text(std::move(textOf)) {}
+    explicit TextPane(std::wstring textOf) : text(std::move(textOf)) {}
     std::wstring text;
 
     bool ask() override;

@@ -6,7 +6,7 @@ import select
 import time
 
 import console_program
-from console_program import ConsoleTest, drawing, line
+from console_program import ConsoleTest, drawing, line, without_remark
 
 PATIENCE = 20  # seconds
 
@@ -31,6 +31,7 @@ class Terminal(ConsoleTest):
                 self.shown += os.read(self.terminal, 4096).decode()
             except OSError:  # the program has ended
                 break
+        self.shown = without_remark(self.shown)
         self.assertIn(text, self.shown)
         end = self.shown.index(text) + len(text)
         shown, self.shown = self.shown[:end], self.shown[end:]

@@ -54,7 +54,7 @@ TEST_F(DescriptionReader, ObjectsKeepTheirWrittenNames)
 {
     read(L"OBJ_NAME\tZebra Crossing\t-2\t70x\tIcons/z.png \r\n"
          L"\tobj_type\t Line, POLYLINE ,a\\,b\r\n"
-         L"\tobj_prop\tlayer\tRoads\t# the layer\r\n"
+         L"\tobj_prop\tlinetype\tContinuous\t# as drawn\r\n"
          L"obj_name\tapple\t0\t-3\nobj_type\tPoint\n");
     ASSERT_EQ(description_.objects.size(), 2U);
     EXPECT_EQ(description_.objects.begin()->first, L"apple");
@@ -65,7 +65,7 @@ TEST_F(DescriptionReader, ObjectsKeepTheirWrittenNames)
     EXPECT_EQ(zebra.icon, L"Icons/z.png");
     EXPECT_EQ(zebra.objectIndex, -1);
     EXPECT_EQ(zebra.props.types, (std::vector<std::wstring>{L"Line", L"POLYLINE", L"a,b"}));
-    EXPECT_EQ(zebra.props.layer.value, L"roads");
+    EXPECT_EQ(zebra.props.linetype.value, L"continuous");
     EXPECT_FALSE(description_.findObject(L"apple")->drawable);
     EXPECT_EQ(description_.findObject(L"apple")->priority, -3);
     EXPECT_EQ(description_.findProps(L"pear"), nullptr);
@@ -79,7 +79,7 @@ TEST_F(DescriptionReader, ClassesTakeInTheObjectThatIsOpenWhenTheyEnd)
          L"class\tStreets\t0\n"
          L"obj_name\tB\t1\t1\nobj_type\tLine\n"
          L"/class\n"
-         L"obj_prop\tlayer\tlate\n" // still B, which belongs to Streets
+         L"obj_prop\tlinetype\tcontinuous\n" // still B, which belongs to Streets
          L"obj_name\tC\t1\t1\nobj_type\tLine\n"
          L"/class\n"
          L"class\tOff\t-5\n"
@@ -91,7 +91,7 @@ TEST_F(DescriptionReader, ClassesTakeInTheObjectThatIsOpenWhenTheyEnd)
     EXPECT_EQ(tree(description_.rootClass),
               L"-(first last) {Roads+(a c) {Streets-(b)}} {Off-(d e) {Inner+()}}");
     EXPECT_EQ(description_.rootClass.children[0].icon, L"icon.png");
-    EXPECT_EQ(description_.findObject(L"b")->props.layer.value, L"late");
+    EXPECT_EQ(description_.findObject(L"b")->props.linetype.value, L"continuous");
     EXPECT_FALSE(description_.findObject(L"b")->drawable);
     EXPECT_TRUE(description_.findObject(L"c")->drawable);
     EXPECT_FALSE(description_.findObject(L"d")->drawable);

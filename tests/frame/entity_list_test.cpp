@@ -4,7 +4,7 @@
 
 namespace {
 
-EntityList listOf(std::initializer_list<std::uint32_t> stubs)
+EntityList listOf(const std::vector<std::uint32_t>& stubs)
 {
     EntityList entities;
     for (const std::uint32_t stub : stubs)
@@ -25,7 +25,7 @@ std::vector<std::uint32_t> stubsOf(const EntityList& entities)
 TEST(EntityList, TheLastOneTakesThePlaceOfOneRemoved)
 {
     using Stubs = std::vector<std::uint32_t>;
-    const std::tuple<std::initializer_list<std::uint32_t>, std::size_t, Stubs> cases[] = {
+    const std::tuple<Stubs, std::size_t, Stubs> cases[] = {
         {{1, 2, 3, 4}, 0, {4, 2, 3}},
         {{1, 2, 3, 4}, 3, {1, 2, 3}},
         {{1, 2}, 1, {1}},

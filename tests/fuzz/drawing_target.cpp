@@ -97,12 +97,16 @@ std::vector<AcDbObjectId> change(AcDbDatabase& database)
     const std::uint32_t step = std::max(1u, count / (4 * kChanges));
     std::uint32_t changes = 0;
     for (std::uint32_t stub = count % step + 1; stub <= count && changes < kChanges; stub += step) {
-        if ((drawing.index[stub].flags & host::kEntity) == 0)
+        const host::Stub& record = drawing.index[stub];
+        if ((record.flags & host::kEntity) == 0)
             continue; // BLOCK and ENDBLK
+        if ((record.flags & host::kChild) != 0 &&
+            (drawing.index[record.owner].flags & host::kEntity) == 0)
+            continue; // a part of nothing, which a raised drawing leaves out
         AcDbObjectPointer<AcDbEntity> entity(drawing.id(stub), AcDb::kForWrite);
         if (entity.openStatus() != Acad::eOk)
             continue;
-        const bool isColored = entity->setColorIndex(kColor) == Acad::eOk;
+        const bool isColored = entity->setColorIndex(kColor) == Acad::eOk && entity->isModified();
         switch (changes++ % 4) {
         case 0:
             entity->setLineWeight(25);

@@ -15,6 +15,12 @@
 #include <sstream>
 #include <unistd.h>
 
+// Undefined behaviour ends the program by a signal, so that its input is named.
+extern "C" const char* __ubsan_default_options()
+{
+    return "abort_on_error=1:print_stacktrace=1";
+}
+
 // There when the program is built with the sanitizers.
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
 

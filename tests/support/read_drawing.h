@@ -14,13 +14,19 @@
 #include <string>
 #include <string_view>
 
+// For objects outside of any drawing: what they are written in.
+inline void useDrawingFormat()
+{
+    static host::DxfFormat format;
+    host::setDrawingFormat(&format);
+}
+
 // A database filled from the text of a DXF file, without a session around it.
 class ReadDrawing {
 public:
     explicit ReadDrawing(std::string text)
     {
-        static host::DxfFormat format;
-        host::setDrawingFormat(&format);
+        useDrawingFormat();
         database_.reset(new AcDbDatabase(false));
         const host::FileOutcome outcome = host::readDrawing(
             host::FileImage::fromBytes(std::move(text)), L"test", database_->drawing());

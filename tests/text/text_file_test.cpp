@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <vector>
 
 namespace {
@@ -67,4 +68,33 @@ TEST_F(TextFileTest, FindsTheNameInAnotherCaseAndRefusesFolders)
     EXPECT_TRUE(TextFileLines::open((folder_ / "towns.txt").wstring()));
     EXPECT_FALSE(TextFileLines::open((folder_ / "none.txt").wstring()));
     EXPECT_FALSE(TextFileLines::open(folder_.wstring()));
+}
+
+TEST_F(TextFileTest, WritesAWholeFile)
+{
+    const std::filesystem::path path = folder_ / "made.txt";
+    const auto bytes = [&] {
+        std::ifstream file(path, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    };
+    EXPECT_TRUE(writeTextFile(path.wstring(), L"a longer first text\n"));
+    EXPECT_TRUE(writeTextFile(path.wstring(), L"\u00e9\tb\n\nc"));
+    EXPECT_EQ(bytes(), "\xC3\xA9\tb\n\nc"); // no mark, no carriage return, nothing of the first
+    EXPECT_TRUE(writeTextFile(path.wstring(), L""));
+    EXPECT_EQ(bytes(), "");
+    // and nothing beside it
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 1);
+}
+
+TEST_F(TextFileTest, TellsWhereItCannotWrite)
+{
+    EXPECT_FALSE(writeTextFile((folder_ / "missing" / "made.txt").wstring(), L"a"));
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "missing"));
+    EXPECT_FALSE(writeTextFile(folder_.wstring(), L"a"));
+
+    const std::filesystem::path kept = folder_ / "kept.txt";
+    std::ofstream(kept) << "mine";
+    std::filesystem::permissions(kept, std::filesystem::perms::owner_read);
+    EXPECT_FALSE(writeTextFile(kept.wstring(), L"a"));
+    EXPECT_EQ(std::filesystem::file_size(kept), 4u);
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace {
 
 struct Row {
@@ -44,6 +46,15 @@ TEST(Color, NearestIndexIsTheOneThatDrawingsKeepBesideATrueColour)
                      static_cast<std::uint8_t>(row.blue));
         EXPECT_EQ(color.colorIndex(), row.index);
     }
+}
+
+TEST(Color, IndexOfATagHasNoSign)
+{
+    const std::pair<int, int> rows[] = {
+        {0, 0}, {7, 7}, {-7, 7}, {256, 256}, {300, 257}, {std::numeric_limits<int>::min(), 257},
+    };
+    for (const auto& [tag, index] : rows)
+        EXPECT_EQ(host::colorIndexOfTag(tag), index) << tag;
 }
 
 TEST(Color, MethodFollowsTheIndex)

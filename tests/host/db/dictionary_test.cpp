@@ -223,7 +223,8 @@ TEST(Dictionary, ErasedObjectsLeaveItDanglingEntriesStay)
     const std::uint32_t list = read.idOf("400").stubNumber();
     const auto keys = [&] {
         std::string found;
-        for (const host::Tag& tag : *drawing.tagsOf(list))
+        const std::shared_ptr<const host::TagList> tags = drawing.tagsOf(list);
+        for (const host::Tag& tag : *tags)
             if (tag.code == 3)
                 found += tag.bytes();
         return found;

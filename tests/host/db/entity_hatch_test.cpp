@@ -209,6 +209,12 @@ TEST(Hatch, DrawsFillsAndPatternLines)
         {start + "0|71 0" + square +
              "|52 0|41 1|77 0|78 1|53 0|43 0|44 0|45 0|46 0.00001|79 0|98 0",
          "closed 0,0 4,0 4,4 0,4\n"},
+        // so far from the origin that a step of the lines, or of the dashes, is lost
+        {start + "0|71 0" + square + "|52 0|41 1|77 0|78 1|53 0|43 0|44 1e300|45 0|46 2|79 0|98 0",
+         ""},
+        {start + "0|71 0" + square +
+             "|52 0|41 1|77 0|78 1|53 0|43 1e300|44 1|45 0|46 2|79 2|49 1|49 -2|98 0",
+         ""},
     };
     for (const auto& [record, strokes] : cases) {
         SCOPED_TRACE(record);

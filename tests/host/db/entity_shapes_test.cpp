@@ -81,6 +81,7 @@ TEST(Circle, RadiusIsOneTag)
 
 TEST(Circle, NewOneStatesWhatEveryCircleStates)
 {
+    useDrawingFormat();
     const AcDbCircle circle({0, 0, 0}, AcGeVector3d::kZAxis, 0.0);
     for (const int code : {10, 20, 30, 40})
         EXPECT_NE(circle.tags().find(code), host::TagList::npos) << code;
@@ -159,6 +160,7 @@ TEST(Wipeout, FrameIsItsClipBoundaryInTheWorld)
 
 TEST(Mesh, EachEdgeIsDrawnOnce)
 {
+    useDrawingFormat();
     const AcGePoint3d corners[] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
     AcDbSubDMesh mesh;
     ASSERT_EQ(mesh.setSubDMesh(corners, {{0, 1, 2}, {0, 2, 3}}), Acad::eOk);

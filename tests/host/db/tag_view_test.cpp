@@ -302,9 +302,9 @@ TEST(TagView, SettersWriteOnlyWhatDiffers)
              return setPointField(r, kCircle, 10, {1, 2, 0});
          },
          "0 X|100 AcDbCircle|39 1|10 1.0|20 2.0|30 0.0|40 5"},
-        {"the common part, which the record lacks", "0 X|5 1|330 2|100 AcDbArc|50 1",
+        {"the common part, which the record lacks", "0 X|5 1|330 2|62 0|100 AcDbArc|50 1",
          [](R r) { return setIntegerField(r, host::kEntityPart, 62, 3, 256); },
-         "0 X|5 1|330 2|100 AcDbEntity|62 3|100 AcDbArc|50 1"},
+         "0 X|5 1|330 2|62 0|100 AcDbEntity|62 3|100 AcDbArc|50 1"},
         {"a part of its own, which the record lacks", "0 X|5 1|100 AcDbArc|50 1|1001 APP",
          [](R r) { return setRealField(r, kCircle, 40, 2.0, 0.0); },
          "0 X|5 1|100 AcDbArc|50 1|100 AcDbCircle|40 2.0|1001 APP"},

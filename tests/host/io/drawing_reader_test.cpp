@@ -231,6 +231,7 @@ TEST(DrawingReader, HangsSequencesOnTheirParents)
     };
     EXPECT_EQ(childrenOf(0x30), (std::vector<std::uint64_t>{0x31, 0x32, 0x33}));
     EXPECT_EQ(childrenOf(0x34), (std::vector<std::uint64_t>{0x35, 0x36}));
+    EXPECT_EQ(childrenOf(0x37), std::vector<std::uint64_t>{}); // what follows is a part of nothing
     EXPECT_EQ(drawing.blocks[drawing.modelSpace].entities.size(), 2u);
     EXPECT_EQ(drawing.blocks[drawing.paperSpace].entities.size(), 1u);
     EXPECT_EQ(drawing.blocks.size(), 3u);

@@ -12,7 +12,7 @@ public:
     {
         all.changed = [this] { layers.enabled = !all.checked; };
     }
-    host::TextBox& hint = add<host::TextBox>(L"Choose.");
+    host::TextPane& hint = add<host::TextPane>(L"Choose.");
     host::CheckBox& all = add<host::CheckBox>(L"Everything", true);
     host::ChoiceList& layers = add<host::ChoiceList>(std::vector<std::wstring>{L"roads", L"trees"});
     host::CheckBox& quiet = add<host::CheckBox>(L"Quiet", false);
