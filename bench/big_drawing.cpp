@@ -55,7 +55,8 @@ void addDefinitions(AcDbDatabase& database)
     table.create();
     AcDbObjectId tableId;
     store->setAt(L"parcel", table.object(), tableId);
-    ResbufChain chain { item(1, L"object"), item(1, L""), item(1, L"number"), item(90, L""), item(1, L"area"), item(40, L"") };
+    ResbufChain chain{item(1, L"object"), item(1, L""),     item(1, L"number"),
+                      item(90, L""),      item(1, L"area"), item(40, L"")};
     table->setFromRbChain(chain);
 }
 
@@ -76,10 +77,7 @@ public:
 // Writes the entities and, into another text, the objects that hang on them.
 class Entities {
 public:
-    explicit Entities(std::uint64_t owner)
-        : owner_(owner)
-    {
-    }
+    explicit Entities(std::uint64_t owner) : owner_(owner) {}
 
     void addOne(std::size_t i)
     {
@@ -91,7 +89,9 @@ public:
         case 2:
         case 3:
             begin("LINE", i);
-            entities.add("100\nAcDbLine\n 10\n%.6f\n 20\n%.6f\n 30\n0.0\n 11\n%.6f\n 21\n%.6f\n 31\n0.0\n", x, y, x + 5, y + 7);
+            entities.add(
+                "100\nAcDbLine\n 10\n%.6f\n 20\n%.6f\n 30\n0.0\n 11\n%.6f\n 21\n%.6f\n 31\n0.0\n",
+                x, y, x + 5, y + 7);
             break;
         case 4:
         case 5:
@@ -106,14 +106,19 @@ public:
         case 7:
         case 8:
             begin("TEXT", i);
-            entities.add("100\nAcDbText\n 10\n%.6f\n 20\n%.6f\n 30\n0.0\n 40\n2.5\n  1\nParcel %zu\n100\nAcDbText\n", x, y, i);
+            entities.add("100\nAcDbText\n 10\n%.6f\n 20\n%.6f\n 30\n0.0\n 40\n2.5\n  1\nParcel "
+                         "%zu\n100\nAcDbText\n",
+                         x, y, i);
             break;
         default:
             begin("HATCH", i);
-            entities.add("100\nAcDbHatch\n 10\n0.0\n 20\n0.0\n 30\n0.0\n210\n0.0\n220\n0.0\n230\n1.0\n  2\nSOLID\n 70\n     1\n 71\n     0\n"
-                         " 91\n        1\n 92\n        2\n 72\n     0\n 73\n     1\n 93\n        4\n");
+            entities.add(
+                "100\nAcDbHatch\n 10\n0.0\n 20\n0.0\n 30\n0.0\n210\n0.0\n220\n0.0\n230\n1.0\n  "
+                "2\nSOLID\n 70\n     1\n 71\n     0\n"
+                " 91\n        1\n 92\n        2\n 72\n     0\n 73\n     1\n 93\n        4\n");
             for (int v = 0; v < 4; ++v)
-                entities.add(" 10\n%.6f\n 20\n%.6f\n", x + (v == 1 || v == 2) * 6.5, y + (v >= 2) * 4.5);
+                entities.add(" 10\n%.6f\n 20\n%.6f\n", x + (v == 1 || v == 2) * 6.5,
+                             y + (v >= 2) * 4.5);
             entities.add(" 97\n        0\n 75\n     0\n 76\n     1\n 98\n        0\n");
         }
     }
@@ -131,29 +136,37 @@ private:
         entities.add("  0\n%s\n  5\n%llX\n", type, static_cast<unsigned long long>(handle));
         if ((i / 10 + i) % 10 < 3) // every type gets its share
             addRecord(handle, i);
-        entities.add("330\n%llX\n100\nAcDbEntity\n  8\nlayer%zu\n", static_cast<unsigned long long>(owner_), i % kLayers);
+        entities.add("330\n%llX\n100\nAcDbEntity\n  8\nlayer%zu\n",
+                     static_cast<unsigned long long>(owner_), i % kLayers);
     }
 
     void addRecord(std::uint64_t entity, std::size_t i)
     {
         const unsigned long long dictionary = take(), record = take();
         entities.add("102\n{ACAD_XDICTIONARY\n360\n%llX\n102\n}\n", dictionary);
-        objects.add("  0\nDICTIONARY\n  5\n%llX\n330\n%llX\n100\nAcDbDictionary\n280\n     1\n281\n     1\n  3\nparcel\n360\n%llX\n", dictionary,
-            static_cast<unsigned long long>(entity), record);
-        objects.add("  0\nXRECORD\n  5\n%llX\n102\n{ACAD_REACTORS\n330\n%llX\n102\n}\n330\n%llX\n100\nAcDbXrecord\n280\n     1\n"
+        objects.add("  0\nDICTIONARY\n  5\n%llX\n330\n%llX\n100\nAcDbDictionary\n280\n     "
+                    "1\n281\n     1\n  3\nparcel\n360\n%llX\n",
+                    dictionary, static_cast<unsigned long long>(entity), record);
+        objects.add("  0\nXRECORD\n  "
+                    "5\n%llX\n102\n{ACAD_REACTORS\n330\n%llX\n102\n}\n330\n%"
+                    "llX\n100\nAcDbXrecord\n280\n     1\n"
                     "  1\nWall\n 90\n%9zu\n 40\n%.1f\n",
-            record, dictionary, dictionary, i, static_cast<double>(i % 977));
+                    record, dictionary, dictionary, i, static_cast<double>(i % 977));
     }
 
     void addInsert(std::size_t i, double x, double y)
     {
         begin("INSERT", i);
         const unsigned long long insert = last_;
-        entities.add("100\nAcDbBlockReference\n 66\n     1\n  2\nmark\n 10\n%.6f\n 20\n%.6f\n 30\n0.0\n", x, y);
-        entities.add("  0\nATTRIB\n  5\n%llX\n330\n%llX\n100\nAcDbEntity\n  8\n0\n100\nAcDbText\n 10\n%.6f\n 20\n%.6f\n 30\n0.0\n 40\n1.5\n"
+        entities.add(
+            "100\nAcDbBlockReference\n 66\n     1\n  2\nmark\n 10\n%.6f\n 20\n%.6f\n 30\n0.0\n", x,
+            y);
+        entities.add("  0\nATTRIB\n  5\n%llX\n330\n%llX\n100\nAcDbEntity\n  8\n0\n100\nAcDbText\n "
+                     "10\n%.6f\n 20\n%.6f\n 30\n0.0\n 40\n1.5\n"
                      "  1\n%zu\n100\nAcDbAttribute\n  2\nNUMBER\n 70\n     0\n",
-            static_cast<unsigned long long>(take()), insert, x + 1, y + 1, i);
-        entities.add("  0\nSEQEND\n  5\n%llX\n330\n%llX\n100\nAcDbEntity\n  8\n0\n", static_cast<unsigned long long>(take()), insert);
+                     static_cast<unsigned long long>(take()), insert, x + 1, y + 1, i);
+        entities.add("  0\nSEQEND\n  5\n%llX\n330\n%llX\n100\nAcDbEntity\n  8\n0\n",
+                     static_cast<unsigned long long>(take()), insert);
     }
 
     std::uint64_t owner_;
@@ -165,7 +178,8 @@ private:
 std::size_t endOfSection(const std::string& bytes, const std::string& name)
 {
     const std::size_t section = bytes.find("SECTION\n  2\n" + name + "\n");
-    const std::size_t end = section == std::string::npos ? section : bytes.find("  0\nENDSEC\n", section);
+    const std::size_t end =
+        section == std::string::npos ? section : bytes.find("  0\nENDSEC\n", section);
     if (end == std::string::npos)
         throw std::runtime_error("a new drawing has no section " + name);
     return end;

@@ -1,5 +1,5 @@
-// Opening, saving, a full scan and the memory after both, on a generated drawing, against floors measured in the same run.
-// kelmaro-bench [ENTITIES [FOLDER]]
+// Opening, saving, a full scan and the memory after both, on a generated drawing, against floors
+// measured in the same run. kelmaro-bench [ENTITIES [FOLDER]]
 
 #include "bench/big_drawing.h"
 #include "bench/floors.h"
@@ -55,7 +55,8 @@ void decodeEveryEntity(AcDbDatabase& database)
 class Console {
 public:
     explicit Console(const Files& files)
-        : session_({ .output = [this](std::wstring_view text) { printed_ += text; }, .profile = files.copy.parent_path() / "profile" })
+        : session_({.output = [this](std::wstring_view text) { printed_ += text; },
+                    .profile = files.copy.parent_path() / "profile"})
     {
         plugin_.dispatch(AcRx::kInitAppMsg, nullptr);
         type(L"OPEN \"" + files.drawing.wstring() + L"\"\n");
@@ -93,7 +94,8 @@ std::function<void()> undoOneChange(const Files& files)
     return [console] { console->type(L"U\n"); };
 }
 
-void row(const char* what, const Measured& measured, double floor, double budget, const Files& files)
+void row(const char* what, const Measured& measured, double floor, double budget,
+         const Files& files)
 {
     if (measured.failed) {
         std::printf("%-44s failed\n", what);
@@ -104,14 +106,16 @@ void row(const char* what, const Measured& measured, double floor, double budget
         std::printf("  %5.2f of the floor (budget %.1f)", measured.seconds / floor, budget);
     else
         std::printf("  %32s", "");
-    std::printf("  memory %5.2f of the file\n", static_cast<double>(measured.peakBytes) / files.bytes);
+    std::printf("  memory %5.2f of the file\n",
+                static_cast<double>(measured.peakBytes) / files.bytes);
 }
 
 Files makeFiles(const fs::path& folder, std::size_t entities)
 {
-    Files files { folder / ("big-" + std::to_string(entities) + ".dxf"), folder / "big.txt", folder / "copy.dxf" };
+    Files files{folder / ("big-" + std::to_string(entities) + ".dxf"), folder / "big.txt",
+                folder / "copy.dxf"};
     measure(1, [&] {
-        const host::HostSession session({ .profile = folder / "profile" });
+        const host::HostSession session({.profile = folder / "profile"});
         writeBigDrawing(files.drawing, entities);
         writeBigDescription(files.description);
     });
@@ -128,17 +132,23 @@ void run(std::size_t entities, const fs::path& folder)
     row("floor: split lines, convert numbers", split, 0, 0, files);
     const auto inSession = [&](auto work) {
         return measurePrepared(kRuns, [&files, work]() -> std::function<void()> {
-            auto session = std::make_shared<host::HostSession>(host::SessionOptions { .profile = files.copy.parent_path() / "profile" });
+            auto session = std::make_shared<host::HostSession>(
+                host::SessionOptions{.profile = files.copy.parent_path() / "profile"});
             return [session, work, &files] { work(files); };
         });
     };
-    row("open", inSession([](const Files& f) { opened(f.drawing).release(); }), split.seconds, 1.2, files);
-    row("open and decode every entity", inSession([](const Files& f) { decodeEveryEntity(*opened(f.drawing).release()); }), split.seconds, 2.5, files);
+    row("open", inSession([](const Files& f) { opened(f.drawing).release(); }), split.seconds, 1.2,
+        files);
+    row("open and decode every entity",
+        inSession([](const Files& f) { decodeEveryEntity(*opened(f.drawing).release()); }),
+        split.seconds, 2.5, files);
     const Measured copy = measure(kRuns, [&] { copyAndSync(files.drawing, files.copy); });
     row("floor: cp and sync", copy, 0, 0, files);
     const Measured save = measurePrepared(kRuns, [&]() -> std::function<void()> {
-        auto session = std::make_shared<host::HostSession>(host::SessionOptions { .profile = folder / "profile" });
-        auto database = std::shared_ptr<AcDbDatabase>(opened(files.drawing).release(), [](AcDbDatabase*) {});
+        auto session = std::make_shared<host::HostSession>(
+            host::SessionOptions{.profile = folder / "profile"});
+        auto database =
+            std::shared_ptr<AcDbDatabase>(opened(files.drawing).release(), [](AcDbDatabase*) {});
         fs::remove(files.copy);
         return [session, database, &files] {
             if (database->saveAs(files.copy) != Acad::eOk)
@@ -152,8 +162,10 @@ void run(std::size_t entities, const fs::path& folder)
     const Measured part = measurePrepared(kRuns, [&] { return scan(tenth); });
     row("KELMARO_SEL_ALL over a tenth of them", part, 0, 0, tenth);
     if (!all.failed && !part.failed)
-        std::printf("%-44s %9.2f times the tenth's (linear: 10)\n", "KELMARO_SEL_ALL grows", all.seconds / part.seconds);
-    row("U after erasing one entity", measurePrepared(kRuns, [&] { return undoOneChange(files); }), 0, 0, files);
+        std::printf("%-44s %9.2f times the tenth's (linear: 10)\n", "KELMARO_SEL_ALL grows",
+                    all.seconds / part.seconds);
+    row("U after erasing one entity", measurePrepared(kRuns, [&] { return undoOneChange(files); }),
+        0, 0, files);
 }
 
 } // namespace
@@ -161,7 +173,8 @@ void run(std::size_t entities, const fs::path& folder)
 int main(int count, char** arguments)
 {
     const std::size_t entities = count > 1 ? std::strtoull(arguments[1], nullptr, 10) : 1'000'000;
-    const fs::path folder = count > 2 ? fs::path(arguments[2]) : fs::temp_directory_path() / "kelmaro-bench";
+    const fs::path folder =
+        count > 2 ? fs::path(arguments[2]) : fs::temp_directory_path() / "kelmaro-bench";
     fs::create_directories(folder);
     try {
         run(entities, folder);

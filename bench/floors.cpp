@@ -27,19 +27,22 @@ double splitAndConvert(const std::filesystem::path& path)
     struct stat status {};
     ::fstat(file, &status);
     const auto size = static_cast<std::size_t>(status.st_size);
-    const auto* const data = static_cast<const char*>(::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file, 0));
+    const auto* const data =
+        static_cast<const char*>(::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file, 0));
     ::close(file);
     double sum = 0.0;
     const char* at = data;
     const char* const end = data + size;
     while (at < end) {
-        const auto* codeEnd = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)));
+        const auto* codeEnd =
+            static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)));
         if (!codeEnd || codeEnd + 1 >= end)
             break;
         int code = 0;
         std::from_chars(skipBlanks(at, codeEnd), codeEnd, code);
         const char* const value = codeEnd + 1;
-        const auto* valueEnd = static_cast<const char*>(std::memchr(value, '\n', static_cast<std::size_t>(end - value)));
+        const auto* valueEnd = static_cast<const char*>(
+            std::memchr(value, '\n', static_cast<std::size_t>(end - value)));
         if (!valueEnd)
             valueEnd = end;
         const char* const first = skipBlanks(value, valueEnd);

@@ -4,8 +4,8 @@
 
 // What nothing can be faster than, measured in the same run.
 
-// Splits the lines of a text DXF into codes and values and converts every number; keeps nothing. Answers a sum that depends on
-// all of it.
+// Splits the lines of a text DXF into codes and values and converts every number; keeps nothing.
+// Answers a sum that depends on all of it.
 double splitAndConvert(const std::filesystem::path& path);
 
 // Copies the file and waits until the copy is on the disk.

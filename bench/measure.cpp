@@ -22,9 +22,9 @@ struct Report {
         const auto begin = std::chrono::steady_clock::now();
         work();
         const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - begin;
-        rusage usage {};
+        rusage usage{};
         ::getrusage(RUSAGE_SELF, &usage);
-        const Report report { spent.count(), static_cast<std::size_t>(usage.ru_maxrss) * 1024 };
+        const Report report{spent.count(), static_cast<std::size_t>(usage.ru_maxrss) * 1024};
         if (::write(pipe, &report, sizeof report) != sizeof report)
             ::_exit(1);
     } catch (const std::exception& error) {
@@ -47,21 +47,21 @@ Measured measurePrepared(int runs, const std::function<std::function<void()>()>&
     for (int run = 0; run < runs; ++run) {
         int ends[2];
         if (::pipe(ends) != 0)
-            return { .failed = true };
+            return {.failed = true};
         std::fflush(nullptr);
         const pid_t child = ::fork();
         if (child == 0)
             runAndReport(ends[1], prepare);
         ::close(ends[1]);
-        Report report {};
+        Report report{};
         const bool complete = ::read(ends[0], &report, sizeof report) == sizeof report;
         ::close(ends[0]);
         int status = 0;
         ::waitpid(child, &status, 0);
         if (!complete)
-            return { .failed = true };
+            return {.failed = true};
         if (run == 0 || report.seconds < best.seconds)
-            best = { report.seconds, report.peakBytes, false };
+            best = {report.seconds, report.peakBytes, false};
     }
     return best;
 }

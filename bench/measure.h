@@ -3,10 +3,11 @@
 #include <cstddef>
 #include <functional>
 
-// What one piece of work took, run in a process of its own, so that memory of one measure does not count in the next.
+// What one piece of work took, run in a process of its own, so that memory of one measure does not
+// count in the next.
 struct Measured {
-    double seconds = 0.0;          // the best of the runs
-    std::size_t peakBytes = 0;     // resident, pages of mapped files counted; of that run
+    double seconds = 0.0;      // the best of the runs
+    std::size_t peakBytes = 0; // resident, pages of mapped files counted; of that run
     bool failed = false;
 };
 

@@ -19,7 +19,7 @@
 #include "session/session.h"
 #include "text/messages.h"
 
-#include <algorithm>
+#include <unordered_set>
 
 namespace {
 
@@ -28,10 +28,11 @@ std::vector<std::wstring> presentObjects(const Description& description, StoredT
                                          const EntityList& entities)
 {
     std::vector<std::wstring> names;
+    std::unordered_set<std::wstring> seen;
     for (const AcDbObjectId entity : entities)
         for (const OdRecord& record : tables.recordsOf(entity)) {
             const ObjectDef* const object = objectOfRecord(description, record, tables);
-            if (object && std::ranges::find(names, object->props.name) == names.end())
+            if (object && seen.insert(object->props.name).second)
                 names.push_back(object->props.name);
         }
     return names;

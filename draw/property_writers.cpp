@@ -2,6 +2,7 @@
 
 #include "draw/close_spline.h"
 #include "draw/named_styles.h"
+#include "host/db/block_reference.h"
 #include "host/db/circle.h"
 #include "host/db/dimension.h"
 #include "host/db/hatch.h"
@@ -10,7 +11,9 @@
 #include "host/db/mline.h"
 #include "host/db/mpolygon.h"
 #include "host/db/mtext.h"
+#include "host/db/object_pointer.h"
 #include "host/db/polyline3d.h"
+#include "host/db/sequence.h"
 #include "host/db/text.h"
 #include "objects/entity_properties.h"
 
@@ -216,6 +219,18 @@ void assignText(const WantedLook& look, AcDbEntity& entity)
     assignTextStyle<AcDbText>(look, entity);
 }
 
+// Writes to the vertices of a polyline or a mesh, too. The attributes of a reference have a look of
+// their own.
+template <class Write> void writeWithParts(AcDbEntity& entity, Write write)
+{
+    write(entity);
+    if (entity.isKindOf(AcDbBlockReference::desc()))
+        return;
+    for (const AcDbObjectId id : host::childrenOf(entity))
+        if (const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForWrite); part)
+            write(*part);
+}
+
 struct ClassStep {
     AcRxClass* (*desc)();
     void (*assign)(const WantedLook& look, AcDbEntity& entity);
@@ -270,13 +285,19 @@ void assignClassProperties(const WantedLook& look, AcDbEntity& entity)
 
 void assignCommonProperties(const WantedLook& look, AcDbEntity& entity)
 {
-    assignColor(look, entity, &Props::color,
-                [&](const AcCmColor& color) { entity.setColor(color); });
-    assign(look, entity, &Props::layer, [&](const std::wstring& name) { entity.setLayer(name); });
-    assign(look, entity, &Props::linetype,
-           [&](const std::wstring& name) { entity.setLinetype(name); });
-    assign(look, entity, &Props::linetypeScale,
-           [&](double scale) { entity.setLinetypeScale(scale); });
-    assign(look, entity, &Props::lineWeight,
-           [&](std::int32_t weight) { entity.setLineWeight(weight); });
+    assignColor(look, entity, &Props::color, [&](const AcCmColor& color) {
+        writeWithParts(entity, [&](AcDbEntity& part) { part.setColor(color); });
+    });
+    assign(look, entity, &Props::layer, [&](const std::wstring& name) {
+        writeWithParts(entity, [&](AcDbEntity& part) { part.setLayer(name); });
+    });
+    assign(look, entity, &Props::linetype, [&](const std::wstring& name) {
+        writeWithParts(entity, [&](AcDbEntity& part) { part.setLinetype(name); });
+    });
+    assign(look, entity, &Props::linetypeScale, [&](double scale) {
+        writeWithParts(entity, [&](AcDbEntity& part) { part.setLinetypeScale(scale); });
+    });
+    assign(look, entity, &Props::lineWeight, [&](std::int32_t weight) {
+        writeWithParts(entity, [&](AcDbEntity& part) { part.setLineWeight(weight); });
+    });
 }

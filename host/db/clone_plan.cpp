@@ -42,6 +42,14 @@ std::wstring shapeFileOf(Drawing& drawing, std::uint32_t stub)
                                                         : std::wstring();
 }
 
+// 0 where the file names no block of its own.
+std::uint32_t blockOfLayout(Drawing& drawing, std::uint32_t layout)
+{
+    const std::shared_ptr<const TagList> tags = drawing.tagsOf(layout);
+    const std::uint32_t block = drawing.index.findHandle(handleField(*tags, kLayoutPart, 330));
+    return block && drawing.blocks.contains(block) ? block : 0;
+}
+
 // Records that every drawing has with the same contents.
 bool isTheSameEverywhere(std::string_view table, std::wstring_view name)
 {
@@ -95,10 +103,12 @@ bool ClonePlan::addPrimary(std::uint32_t original, AcDbObjectId owner)
             return false;
         visitSymbol(original);
     } else if (kind->isDerivedFrom(AcDbDictionary::desc())) {
-        const std::uint32_t dictionary = from_.index[original].owner;
-        if (!isDictionary(dictionary))
+        const std::uint32_t dictionary = holderOf(original);
+        if (!dictionary || isDictionary(original))
             return false;
         addKnown(dictionary, owner);
+        if (type == "LAYOUT" && !blockOfLayout(from_, original))
+            addKnown(original, {}); // a tab of nothing
         visitObject(original);
     }
     CloneItem* const item = find(original);
@@ -235,15 +245,13 @@ void ClonePlan::visitObject(std::uint32_t target)
 {
     if (find(target))
         return;
-    const std::uint32_t owner = from_.index[target].owner;
-    const CloneItem* const parent = find(owner);
-    const bool entry = isUnderRoot(owner) || (parent && !parent->isCopy() && isDictionary(owner));
-    if (target == from_.rootDictionary || (isDictionary(target) && isUnderRoot(target))) {
+    const std::uint32_t holder = holderOf(target);
+    if (target == from_.rootDictionary || (holder && isDictionary(target))) {
         visitDictionary(target);
-    } else if (entry) {
-        visitDictionary(owner);
-        const CloneItem* const dictionary = find(owner);
-        std::wstring key = dictionaryKey(from_, owner, target);
+    } else if (holder) {
+        visitDictionary(holder);
+        const CloneItem* const dictionary = find(holder);
+        std::wstring key = dictionaryKey(from_, holder, target);
         if (!dictionary || key.empty())
             return;
         AcDbObjectId own;
@@ -252,15 +260,16 @@ void ClonePlan::visitObject(std::uint32_t target)
         if (own.isNull())
             add({.original = target,
                  .role = CloneRole::entry,
-                 .under = owner,
+                 .under = holder,
                  .key = std::move(key)});
         else
             add({.original = target,
                  .result = own,
                  .replaces = duplicates_ == AcDb::kDrcReplace &&
                              own.objectClass() == classOfRecord(from_, target)});
-    } else if (parent && parent->isCopy()) {
-        visitOwned(target, owner);
+    } else if (const CloneItem* const parent = find(from_.index[target].owner);
+               parent && parent->isCopy()) {
+        visitOwned(target, parent->original);
     }
 }
 
@@ -269,7 +278,7 @@ void ClonePlan::visitOwned(std::uint32_t target, std::uint32_t owner)
     const Stub& stub = from_.index[target];
     if (find(target) || !isLiving(stub))
         return;
-    if (stub.owner != owner || (stub.flags & (kEntity | kChild | kStructure)) != 0)
+    if ((stub.owner && stub.owner != owner) || (stub.flags & (kEntity | kChild | kStructure)) != 0)
         visit(target);
     else
         add({.original = target, .role = CloneRole::owned, .under = owner});
@@ -277,9 +286,8 @@ void ClonePlan::visitOwned(std::uint32_t target, std::uint32_t owner)
 
 void ClonePlan::visitLayoutBlock(std::uint32_t layout)
 {
-    const std::shared_ptr<const TagList> tags = from_.tagsOf(layout);
-    const std::uint32_t block = from_.index.findHandle(handleField(*tags, kLayoutPart, 330));
-    if (block && block != from_.modelSpace && from_.blocks.contains(block) && !find(block))
+    const std::uint32_t block = blockOfLayout(from_, layout);
+    if (block && block != from_.modelSpace && !find(block))
         add({.original = block, .role = CloneRole::block});
 }
 
@@ -291,10 +299,12 @@ void ClonePlan::visitDictionary(std::uint32_t dictionary)
         addKnown(dictionary, to_.id(to_.rootDictionary));
         return;
     }
-    const std::uint32_t owner = from_.index[dictionary].owner;
-    visitDictionary(owner);
-    const CloneItem* const parent = find(owner);
-    std::wstring key = dictionaryKey(from_, owner, dictionary);
+    const std::uint32_t holder = holderOf(dictionary);
+    if (!holder)
+        return;
+    visitDictionary(holder);
+    const CloneItem* const parent = find(holder);
+    std::wstring key = dictionaryKey(from_, holder, dictionary);
     if (!parent || key.empty())
         return;
     AcDbObjectId own;
@@ -303,7 +313,7 @@ void ClonePlan::visitDictionary(std::uint32_t dictionary)
     if (own.isNull())
         add({.original = dictionary,
              .role = CloneRole::dictionary,
-             .under = owner,
+             .under = holder,
              .key = std::move(key)});
     else
         addKnown(dictionary, own);
@@ -316,14 +326,27 @@ bool ClonePlan::isDictionary(std::uint32_t stub) const
     return type == "DICTIONARY" || type == "ACDBDICTIONARYWDFLT";
 }
 
-bool ClonePlan::isUnderRoot(std::uint32_t dictionary) const
+std::uint32_t ClonePlan::holderOf(std::uint32_t object)
 {
-    for (int depth = 0; depth < kDeepest && isDictionary(dictionary); ++depth) {
-        if (dictionary == from_.rootDictionary)
-            return true;
-        dictionary = from_.index[dictionary].owner;
+    const auto holder = holders_.find(object);
+    return holder == holders_.end() ? 0 : holder->second;
+}
+
+void ClonePlan::findHolders(std::uint32_t dictionary, int depth)
+{
+    const std::shared_ptr<const TagList> tags = from_.tagsOf(dictionary);
+    const std::size_t first = recordHead(*tags).end;
+    for (const Reference& reference : referencesOf(*tags)) {
+        if (reference.at < first || (reference.kind != ReferenceKind::softOwner &&
+                                     reference.kind != ReferenceKind::hardOwner))
+            continue;
+        const std::uint32_t entry = from_.index.findHandle(tags->handle(reference.at));
+        if (!entry || entry == from_.rootDictionary || !isLiving(from_.index[entry]) ||
+            !holders_.emplace(entry, dictionary).second)
+            continue;
+        if (isDictionary(entry) && depth < kDeepest)
+            findHolders(entry, depth + 1);
     }
-    return false;
 }
 
 // ---- what the drawing has ----
@@ -346,12 +369,12 @@ AcDbObjectId ClonePlan::ownEntry(std::uint32_t original)
 {
     if (original == from_.rootDictionary)
         return to_.id(to_.rootDictionary);
-    const std::uint32_t owner = from_.index[original].owner;
-    if (!isUnderRoot(owner))
+    const std::uint32_t holder = holderOf(original);
+    if (!holder)
         return {};
-    const CloneItem* const planned = find(owner);
-    const AcDbObjectId dictionary = planned ? planned->result : ownEntry(owner);
-    const std::wstring key = dictionaryKey(from_, owner, original);
+    const CloneItem* const planned = find(holder);
+    const AcDbObjectId dictionary = planned ? planned->result : ownEntry(holder);
+    const std::wstring key = dictionaryKey(from_, holder, original);
     return key.empty() ? AcDbObjectId() : dictionaryEntry(to_, dictionary.stubNumber(), key);
 }
 

@@ -41,6 +41,7 @@ public:
     ClonePlan(Drawing& from, Drawing& to, AcDb::DuplicateRecordCloning duplicates)
         : from_(from), to_(to), duplicates_(duplicates)
     {
+        findHolders(from.rootDictionary, 0);
     }
 
     // False for an object that cannot be put under that owner.
@@ -68,7 +69,9 @@ private:
     void visitLayoutBlock(std::uint32_t layout);
     void visitDictionary(std::uint32_t dictionary);
     bool isDictionary(std::uint32_t stub) const;
-    bool isUnderRoot(std::uint32_t dictionary) const;
+    // The dictionary under the root that holds the object, 0 for none. Some files lack the owners.
+    std::uint32_t holderOf(std::uint32_t object);
+    void findHolders(std::uint32_t dictionary, int depth);
     // The drawing's own object for one that the plan does not name; null where there is none.
     AcDbObjectId ownSymbol(std::string_view table, std::uint32_t original);
     AcDbObjectId ownEntry(std::uint32_t original);
@@ -78,6 +81,7 @@ private:
     AcDb::DuplicateRecordCloning duplicates_;
     std::vector<CloneItem> items_;
     std::unordered_map<std::uint32_t, std::size_t> places_;
+    std::unordered_map<std::uint32_t, std::uint32_t> holders_; // of all that is under the root
     std::vector<AcDbObjectId> owners_; // never replaced: what the copies are put into
 };
 

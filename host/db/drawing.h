@@ -64,9 +64,9 @@ public:
     std::uint32_t modelSpace = 0;               // block records
     std::uint32_t paperSpace = 0;               // of the active layout
     std::uint32_t rootDictionary = 0;
-    std::uint32_t header = 0;           // the SECTION HEADER record, with all variables
-    std::uint64_t fileSeed = 0;         // $HANDSEED as the file has it
-    std::uint64_t nextHandle = 1;       // never given twice
+    std::uint32_t header = 0;     // the SECTION HEADER record, with all variables
+    std::uint64_t fileSeed = 0;   // $HANDSEED as the file has it
+    std::uint64_t nextHandle = 1; // never given twice
     // CLASS records of types that came from other drawings and that nobody here makes.
     std::map<std::string, TagList, std::less<>> borrowedClasses;
     std::vector<std::wstring> warnings; // what was kept though wrong; AUDIT tells them

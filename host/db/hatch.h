@@ -63,11 +63,11 @@ public:
     Acad::ErrorStatus setElevation(double elevation);
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
     Acad::ErrorStatus setLoops(std::span<const host::HatchLoop> loops);
-    // Fills with a pattern of the pattern files, turned and scaled by the pattern's angle and scale;
-    // SOLID fills. Predefined ones stand in acad.pat, or acadiso.pat for metric drawings (the
-    // working one's measurement before the hatch is in a drawing), custom ones in NAME.pat; a user's
-    // pattern is the one called "_USER", or "U", of parallel lines. eInvalidInput for a name that is
-    // not found; the hatch then stays as it is.
+    // Fills with a pattern of the pattern files, turned and scaled by the pattern's angle and
+    // scale; SOLID fills. Predefined ones stand in acad.pat, or acadiso.pat for metric drawings
+    // (the working one's measurement before the hatch is in a drawing), custom ones in NAME.pat; a
+    // user's pattern is the one called "_USER", or "U", of parallel lines. eInvalidInput for a name
+    // that is not found; the hatch then stays as it is.
     Acad::ErrorStatus setPattern(HatchPatternType type, std::wstring_view name);
     // Fills with the lines of a definition, turned and scaled by the pattern's angle and scale.
     Acad::ErrorStatus setPatternLines(HatchPatternType type, std::wstring_view name,

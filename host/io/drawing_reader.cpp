@@ -82,9 +82,8 @@ void scanTextFile(std::string_view file, Scan& scan)
     RecordNotes secondNotes(scan.types, scan.layers);
     ScanTrouble secondTrouble;
     bool secondEnded = false;
-    std::thread helper([&] {
-        secondTrouble = scanText(file, middle, file.size(), secondNotes, secondEnded);
-    });
+    std::thread helper(
+        [&] { secondTrouble = scanText(file, middle, file.size(), secondNotes, secondEnded); });
     scan.trouble = scanText(file, 0, middle, scan.first, scan.ended);
     helper.join();
     if (scan.trouble.fault != ScanFault::none || scan.ended)

@@ -31,10 +31,11 @@ inline constexpr int RTKWORD = -5005;
 
 using ads_real = double;
 using ads_point = std::array<double, 3>;
-using ads_name = std::array<std::int64_t, 2>; // an entity's or a selection set's name; zero is no name
+using ads_name =
+    std::array<std::int64_t, 2>; // an entity's or a selection set's name; zero is no name
 
-// One typed value: an argument, an answer, a system variable's value or one item of an xrecord, where
-// `restype` is the group code. Only the member that the type names is meaningful.
+// One typed value: an argument, an answer, a system variable's value or one item of an xrecord,
+// where `restype` is the group code. Only the member that the type names is meaningful.
 struct resbuf {
     struct Value {
         std::int16_t rint = 0;

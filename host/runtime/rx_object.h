@@ -20,8 +20,8 @@ protected:
     AcRxObject& operator=(const AcRxObject&) = default;
 };
 
-// One run-time class: its name ("AcDbLine"), its parent and, where drawings hold it, its DXF name ("LINE").
-// Each class has one descriptor, made on first use and kept for the life of the program.
+// One run-time class: its name ("AcDbLine"), its parent and, where drawings hold it, its DXF name
+// ("LINE"). Each class has one descriptor, made on first use and kept for the life of the program.
 class AcRxClass : public AcRxObject {
 public:
     using Factory = AcRxObject* (*)();
@@ -32,7 +32,10 @@ public:
     AcRxClass* isA() const override { return desc(); }
 
     const wchar_t* name() const { return name_; }
-    const wchar_t* dxfName() const { return dxfName_; } // null for a class that no drawing holds by itself
+    const wchar_t* dxfName() const
+    {
+        return dxfName_;
+    } // null for a class that no drawing holds by itself
     AcRxClass* myParent() const { return parent_; }
     bool isDerivedFrom(const AcRxClass* other) const;
     AcRxObject* create() const; // null for an abstract class; the caller owns the object
@@ -48,7 +51,10 @@ private:
 #define ACRX_DECLARE_MEMBERS(CLASS)                                                                \
 public:                                                                                            \
     static AcRxClass* desc();                                                                      \
-    AcRxClass* isA() const override { return desc(); }                                             \
+    AcRxClass* isA() const override                                                                \
+    {                                                                                              \
+        return desc();                                                                             \
+    }                                                                                              \
     static CLASS* cast(AcRxObject* object)                                                         \
     {                                                                                              \
         return object && object->isKindOf(desc()) ? static_cast<CLASS*>(object) : nullptr;         \
@@ -73,6 +79,6 @@ private:
     AcRxClass* CLASS::desc()                                                                       \
     {                                                                                              \
         static AcRxClass instance(L"" #CLASS, L"" DXF_NAME, PARENT::desc(),                        \
-            []() -> AcRxObject* { return new CLASS; });                                            \
+                                  []() -> AcRxObject* { return new CLASS; });                      \
         return &instance;                                                                          \
     }

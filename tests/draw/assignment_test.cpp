@@ -483,6 +483,23 @@ TEST_F(AssignmentTest, AnotherMultilineStyleTakesANewEntityWithAllThatHungOnTheO
     EXPECT_TRUE(idOf("F43").isErased());
 }
 
+TEST_F(AssignmentTest, TheVerticesOfAPolylineGoAlong)
+{
+    DxfDrawing drawing = styledDrawing();
+    const std::string handle = drawing.entity(
+        "POLYLINE", "AcDb3dPolyline",
+        "66\n1\n" + kOrigin + "70\n8\n0\nVERTEX\n5\nF31\n100\nAcDbEntity\n8\n0\n100\nAcDbVertex\n" +
+            "100\nAcDb3dPolylineVertex\n" + kOrigin +
+            "70\n32\n0\nSEQEND\n5\nF32\n100\nAcDbEntity\n8\n0\n");
+    open(drawing);
+    ObjectDef thing = object(L"3DPolyline");
+    ASSERT_TRUE(parseProperty(thing.props, L"layer", L"roofs", L""));
+    ASSERT_FALSE(assigned(thing, idOf(handle), kKeep).isNull());
+    const AcDbObjectPointer<AcDbEntity> vertex(idOf("F31"), AcDb::kForRead);
+    ASSERT_TRUE(vertex);
+    EXPECT_EQ(layer(*vertex), "Roofs");
+}
+
 TEST_F(AssignmentTest, WhatIsNotOfTheTypeOrCannotBeOpenedIsRefused)
 {
     DxfDrawing drawing = styledDrawing();
