@@ -5,6 +5,8 @@ add_library(kelmaro_options INTERFACE)
 target_include_directories(kelmaro_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(kelmaro_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wno-missing-field-initializers
                        -fno-math-errno)
+# GCC 12 warns of overlapping copies that cannot be, when a literal and a std::string are joined.
+target_compile_options(kelmaro_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(KELMARO_WARNINGS_AS_ERRORS)
   target_compile_options(kelmaro_options INTERFACE -Werror)
 endif()

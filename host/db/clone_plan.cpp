@@ -257,6 +257,8 @@ void ClonePlan::visitObject(std::uint32_t target)
         AcDbObjectId own;
         if (!dictionary->isCopy())
             own = dictionaryEntry(to_, dictionary->result.stubNumber(), key);
+        // a tab's space and what stands in it stay
+        const bool isLayout = classOfRecord(from_, target) == AcDbLayout::desc();
         if (own.isNull())
             add({.original = target,
                  .role = CloneRole::entry,
@@ -265,7 +267,7 @@ void ClonePlan::visitObject(std::uint32_t target)
         else
             add({.original = target,
                  .result = own,
-                 .replaces = duplicates_ == AcDb::kDrcReplace &&
+                 .replaces = duplicates_ == AcDb::kDrcReplace && !isLayout &&
                              own.objectClass() == classOfRecord(from_, target)});
     } else if (const CloneItem* const parent = find(from_.index[target].owner);
                parent && parent->isCopy()) {

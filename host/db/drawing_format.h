@@ -100,6 +100,9 @@ public:
     virtual FileOutcome write(Drawing& drawing, std::string& bytes) = 0;
     // A source for objects that belong to no drawing yet: text of the newest version in UTF-8.
     virtual std::shared_ptr<TagSource> scratchSource() = 0;
+    // Whether R12 knows entities of the type. Those that it does not raise the drawing at saving,
+    // so they have their markers from the start.
+    virtual bool isEntityOfR12(std::string_view type) const = 0;
     // The tags of an R12 drawing's entity, table record or BLOCK as later versions have them: with
     // a head and markers. They belong to the drawing's own source.
     virtual TagList raisedRecord(Drawing& drawing, std::uint32_t stub) = 0;

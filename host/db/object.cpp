@@ -334,7 +334,8 @@ Acad::ErrorStatus AcDbObject::addToDatabase(Drawing& drawing, AcDbObjectId owner
     Stub& stub = drawing.index[number];
     own.insertHandle(1, handleCode(own), stub.handle);
     const bool record = (stubFlags & (host::kEntity | host::kChild)) != 0;
-    if (record && drawing.version <= host::DxfVersion::r12) {
+    if (record && drawing.version <= host::DxfVersion::r12 &&
+        host::drawingFormat().isEntityOfR12(own[0].bytes())) {
         for (std::size_t i = own.size(); i-- > 0;)
             if (own[i].code == 100)
                 own.erase(i, i + 1);

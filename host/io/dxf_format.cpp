@@ -7,6 +7,7 @@
 #include "host/io/drawing_writer.h"
 #include "host/io/new_drawing.h"
 #include "host/io/raised_record.h"
+#include "host/io/subclass_parts.h"
 #include "host/io/text_form.h"
 #include "host/text/encoding.h"
 
@@ -86,6 +87,11 @@ std::shared_ptr<TagSource> DxfFormat::scratchSource()
 {
     return std::make_shared<TagSource>(
         nullptr, std::make_unique<TextForm>(DxfVersion::r2018, CodePage::utf8(), TextStyle()));
+}
+
+bool DxfFormat::isEntityOfR12(std::string_view type) const
+{
+    return host::isEntityOfR12(type);
 }
 
 TagList DxfFormat::raisedRecord(Drawing& drawing, std::uint32_t stub)

@@ -12,6 +12,7 @@ public:
     FileOutcome save(Drawing& drawing, const std::filesystem::path& path) override;
     FileOutcome write(Drawing& drawing, std::string& bytes) override;
     std::shared_ptr<TagSource> scratchSource() override;
+    bool isEntityOfR12(std::string_view type) const override;
     TagList raisedRecord(Drawing& drawing, std::uint32_t stub) override;
     DefinitionFiles& definitions() override { return definitions_; }
 

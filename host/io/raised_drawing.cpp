@@ -12,6 +12,7 @@
 #include "host/text/number_format.h"
 
 #include <algorithm>
+#include <set>
 
 namespace host {
 
@@ -43,6 +44,7 @@ private:
     }
     void addScript(std::string_view script);
     void addEntity(std::uint32_t stub, std::uint64_t owner);
+    void addClasses();
     void addTables();
     void addBlock(std::uint32_t record, const BlockPlace& block);
     void addBlocks();
@@ -254,15 +256,30 @@ void RaisedFile::addObjects()
     addScript("0 ENDSEC\n0 EOF\n");
 }
 
+// Of the plot styles' dictionary and of what came from newer drawings.
+void RaisedFile::addClasses()
+{
+    std::set<std::string_view> types{"ACDBDICTIONARYWDFLT"};
+    for (const std::uint32_t stub : written_.added)
+        types.insert(drawing_.index.types().name(drawing_.index[stub].type));
+    addScript("0 SECTION\n2 CLASSES\n");
+    for (const std::string_view type : types) {
+        const auto borrowed = drawing_.borrowedClasses.find(type);
+        if (const ClassRecord* const record = classRecordOf(type))
+            addScript("0 CLASS\n1 " + std::string(record->type) + "\n2 " +
+                      std::string(record->className) + "\n3 " + std::string(record->application) +
+                      "\n90 " + std::to_string(record->capabilities) + "\n" +
+                      (version_ >= DxfVersion::r2004 ? "91 1\n" : "") + "280 0\n281 " +
+                      (record->entity ? "1" : "0") + "\n");
+        else if (borrowed != drawing_.borrowedClasses.end())
+            add(borrowed->second.inSource(source_));
+    }
+    addScript("0 ENDSEC\n");
+}
+
 std::string RaisedFile::text()
 {
-    std::string classes = "0 SECTION\n2 CLASSES\n";
-    const ClassRecord& defaults = *classRecordOf("ACDBDICTIONARYWDFLT");
-    classes += "0 CLASS\n1 " + std::string(defaults.type) + "\n2 " +
-               std::string(defaults.className) + "\n3 " + std::string(defaults.application) +
-               "\n90 0\n" + (version_ >= DxfVersion::r2004 ? "91 1\n" : "") +
-               "280 0\n281 0\n0 ENDSEC\n";
-    addScript(classes);
+    addClasses();
     addTables();
     addBlocks();
     addEntities();

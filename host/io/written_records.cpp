@@ -1,5 +1,6 @@
 #include "host/io/written_records.h"
 
+#include "host/db/references.h"
 #include "host/db/symbol_names.h"
 #include "host/db/tag_view.h"
 #include "host/io/section_order.h"
@@ -37,13 +38,6 @@ bool holdsSomething(Drawing& drawing, std::uint32_t stub, int depth)
     return false;
 }
 
-// Codes that name a table record, in entities and table records.
-struct NameCode {
-    int code;
-    std::string_view table;
-};
-constexpr NameCode kNameCodes[] = {{8, "LAYER"}, {6, "LTYPE"}, {7, "STYLE"}, {1001, "APPID"}};
-
 // R12 knows the two linetypes without a record.
 bool isWritten(const Drawing& drawing, std::string_view table, std::wstring_view name)
 {
@@ -58,16 +52,14 @@ void followNames(Drawing& drawing, std::uint32_t stub, WrittenRecords& written)
     while (!waiting.empty()) {
         const std::shared_ptr<const TagList> tags = drawing.tagsOf(waiting.back());
         waiting.pop_back();
-        for (std::size_t i = 1; i < tags->size(); ++i) {
-            const NameCode* const row =
-                std::find_if(std::begin(kNameCodes), std::end(kNameCodes),
-                             [&](const NameCode& code) { return code.code == (*tags)[i].code; });
-            if (row == std::end(kNameCodes))
+        for (const Reference& reference : referencesOf(*tags)) {
+            // block records of R12 stay in memory
+            if (reference.kind != ReferenceKind::name || reference.table == "BLOCK_RECORD")
                 continue;
-            const std::wstring name = tags->text(i);
-            const std::uint32_t record = findSymbol(drawing, row->table, name).stubNumber();
+            const std::wstring name = tags->text(reference.at);
+            const std::uint32_t record = findSymbol(drawing, reference.table, name).stubNumber();
             if (record && (drawing.index[record].flags & kImplicit) != 0 &&
-                isWritten(drawing, row->table, name) && written.added.insert(record).second)
+                isWritten(drawing, reference.table, name) && written.added.insert(record).second)
                 waiting.push_back(record);
         }
     }

@@ -441,6 +441,58 @@ TEST(CloningAcrossVersions, KeepsDrawingsSound)
         }
 }
 
+TEST(CloningAcrossVersions, WhatR12LacksRaisesTheDrawing)
+{
+    if (!proofAvailable())
+        GTEST_SKIP() << "ezdxf is not installed";
+    DrawingText plain;
+    plain.version = DxfVersion::r12;
+    plain.entities = "0 LINE|5 A0|8 0|10 0.0|20 0.0|11 1.0|21 0.0";
+    ReadDrawing from(garden(DxfVersion::r2018));
+    ReadDrawing to(plain.text());
+    AcDbIdMapping mapping;
+    ASSERT_EQ(to.database().wblockCloneObjects({from.idOf("60")}, to.database().blockTableId(),
+                                               mapping, AcDb::kDrcIgnore),
+              Acad::eOk);
+    addInsert(to, mapping.valueOf(from.idOf("60")));
+    const std::string bytes = to.written();
+    EXPECT_EQ(proofOf(bytes), "AC1015 2 0 0\n");
+    ReadDrawing raised(bytes);
+    const AcDbObjectId tree = symbol(raised, "BLOCK_RECORD", L"Tree");
+    ASSERT_EQ(entityCount(raised, tree), 5u);
+    const auto hatch = openFor<AcDbHatch>(
+        raised.drawing().id(raised.drawing().blocks[tree.stubNumber()].entities[1]),
+        AcDb::kForRead);
+    EXPECT_EQ(hatch->getAssocObjIds().size(), 1u);
+}
+
+TEST(CloningAcrossVersions, TypesThatNobodyMakesBringTheirClass)
+{
+    std::string text = garden(DxfVersion::r2018);
+    text.insert(text.find("0\nSECTION\n2\nTABLES"),
+                host::test::dxf("0 SECTION|2 CLASSES|0 CLASS|1 BUSH|2 GardenBush|3 "
+                                "Gardener|90 0|91 1|280 0|281 1|0 ENDSEC"));
+    text.insert(text.find("0\nCIRCLE"),
+                host::test::dxf("0 BUSH|5 78|330 60|100 AcDbEntity|8 Trees|100 GardenBush|40 1.0"));
+    for (const char* const version : {"AC1032", "AC1009"}) {
+        SCOPED_TRACE(version);
+        ReadDrawing from(text);
+        DrawingText plain;
+        plain.version = DxfVersion::r12;
+        plain.entities = "0 LINE|5 A0|8 0|10 0.0|20 0.0|11 1.0|21 0.0";
+        ReadDrawing to(version == std::string_view("AC1009") ? plain.text() : newDrawing());
+        AcDbIdMapping mapping;
+        ASSERT_EQ(to.database().wblockCloneObjects({from.idOf("60")}, to.database().blockTableId(),
+                                                   mapping, AcDb::kDrcIgnore),
+                  Acad::eOk);
+        const std::string bytes = to.written();
+        const std::size_t place = bytes.find("GardenBush\n");
+        ASSERT_NE(place, std::string::npos);
+        EXPECT_LT(place, bytes.find("TABLES\n"));
+        EXPECT_EQ(bytes.find("GardenBush\n", bytes.find("TABLES\n")) == std::string::npos, false);
+    }
+}
+
 TEST(CloningAcrossVersions, OldDrawingsGiveAndTake)
 {
     if (!proofAvailable())
