@@ -314,7 +314,7 @@ TEST_F(Cloning, RecordsOfTheSameNameAreTheDrawingsOwn)
     ASSERT_TRUE(mapping_.compute(pair));
     EXPECT_FALSE(pair.isCloned());
     EXPECT_FALSE(pair.isPrimary());
-    EXPECT_TRUE(symbol(to_, "LTYPE", L"Dashes").isNull() == false); // a text names it too
+    EXPECT_FALSE(symbol(to_, "LTYPE", L"Dashes").isNull()); // a text names it too
     EXPECT_EQ(openFor<AcDbBlockReference>(copyOf("72"), AcDb::kForRead)->blockTableRecord(), leaf);
 
     // once more: everything is there
@@ -489,7 +489,7 @@ TEST(CloningAcrossVersions, TypesThatNobodyMakesBringTheirClass)
         const std::size_t place = bytes.find("GardenBush\n");
         ASSERT_NE(place, std::string::npos);
         EXPECT_LT(place, bytes.find("TABLES\n"));
-        EXPECT_EQ(bytes.find("GardenBush\n", bytes.find("TABLES\n")) == std::string::npos, false);
+        EXPECT_NE(bytes.find("GardenBush\n", bytes.find("TABLES\n")), std::string::npos);
     }
 }
 
