@@ -242,6 +242,16 @@ bool AcDbEntity::strokes(host::StrokeSink&) const
     return false;
 }
 
+Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d&)
+{
+    return Acad::eNotApplicable;
+}
+
+Acad::ErrorStatus AcDbEntity::explode(std::vector<std::unique_ptr<AcDbEntity>>&) const
+{
+    return Acad::eNotApplicable;
+}
+
 void AcDbEntity::subErase(bool erasing)
 {
     drawing()->eraseChildren(stubNumber(), erasing);

@@ -52,6 +52,12 @@ public:
     virtual Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
     // Draws itself with strokes in the world; false for what is not understood.
     virtual bool strokes(host::StrokeSink& sink) const;
+    // Moves, turns, scales, mirrors. eCannotScaleNonUniformly for a map that the kind can't take;
+    // eNotApplicable for what is not understood. It then stays as it was.
+    virtual Acad::ErrorStatus transformBy(const AcGeMatrix3d& map);
+    // The simpler entities that it is made of, in no drawing yet, with its common properties.
+    // eNotApplicable for what is simple already or is not understood.
+    virtual Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const;
 
     std::span<const std::string_view> markers() const override;
 

@@ -47,6 +47,7 @@ enum ErrorStatus {
     eNoDatabase = 96,
     eUserBreak = 101,
     eDegenerateGeometry = 110,
+    eCannotScaleNonUniformly = 115,
     eNotInBlock = 120,
     eBadDxfSequence = 130,
     eBadDxfFile = 131,

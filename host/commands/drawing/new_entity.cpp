@@ -1,0 +1,35 @@
+#include "host/commands/drawing/new_entity.h"
+
+#include "host/commands/current_properties.h"
+#include "host/db/block_table.h"
+#include "host/db/database.h"
+#include "host/db/entity.h"
+#include "host/db/object_pointer.h"
+#include "host/edit/document.h"
+
+namespace host {
+
+AcDbObjectId appendNew(std::unique_ptr<AcDbEntity> entity)
+{
+    const AcApDocument* const document = curDoc();
+    if (!document)
+        return {};
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(document->database()->currentSpaceId(),
+                                                        AcDb::kForWrite);
+    AcDbObjectPointer<AcDbEntity> appended;
+    appended.acquire(entity.release());
+    AcDbObjectId id;
+    if (!space || space->appendAcDbEntity(id, appended.object()) != Acad::eOk)
+        return {};
+    applyCurrentProperties(*appended);
+    return id;
+}
+
+void eraseNew(AcDbObjectId entity)
+{
+    const AcDbObjectPointer<AcDbEntity> drawn(entity, AcDb::kForWrite);
+    if (drawn)
+        drawn->erase();
+}
+
+} // namespace host

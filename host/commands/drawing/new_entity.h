@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/db/object_id.h"
+
+#include <memory>
+
+class AcDbEntity;
+
+namespace host {
+
+// Puts a new entity into the current space of the working drawing, with the properties that are
+// current. Null when the space doesn't take it.
+AcDbObjectId appendNew(std::unique_ptr<AcDbEntity> entity);
+
+// Takes back what the running command drew, for its Undo option.
+void eraseNew(AcDbObjectId entity);
+
+} // namespace host
