@@ -54,9 +54,7 @@ TEST(TextForm, LearnsTheStyleOfTheFile)
 
 TEST(TextForm, WritesNewTagsInTheStyleOfTheFile)
 {
-    TextStyle style;
-    style.lineEnd = "\r\n";
-    const TextForm filled = modernForm(style);
+    const TextForm filled = modernForm({.lineEnd = "\r\n"});
     const TextForm bare = modernForm({"\n", 0, 0, 0});
     struct Case {
         int code;
