@@ -2,6 +2,7 @@
 // measured in the same run. kelmaro-bench [ENTITIES [FOLDER]]
 
 #include "bench/big_drawing.h"
+#include "bench/console.h"
 #include "bench/floors.h"
 #include "bench/measure.h"
 
@@ -9,7 +10,6 @@
 #include "host/db/database.h"
 #include "host/db/entity.h"
 #include "host/start/host_session.h"
-#include "shell/kelmaro_app.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -51,35 +51,9 @@ void decodeEveryEntity(AcDbDatabase& database)
     }
 }
 
-// A session as the console has it: the drawing opened, the plug-in and the description loaded.
-class Console {
-public:
-    explicit Console(const Files& files)
-        : session_({.output = [this](std::wstring_view text) { printed_ += text; },
-                    .profile = files.copy.parent_path() / "profile"})
-    {
-        plugin_.dispatch(AcRx::kInitAppMsg, nullptr);
-        type(L"OPEN \"" + files.drawing.wstring() + L"\"\n");
-        type(L"KELMARO_LOAD " + files.description.wstring() + L"\n");
-    }
-    ~Console() { plugin_.dispatch(AcRx::kUnloadAppMsg, nullptr); }
-
-    void type(const std::wstring& text)
-    {
-        session_.engine().feed(text);
-        session_.engine().run();
-    }
-    bool saw(std::wstring_view text) const { return printed_.find(text) != std::wstring::npos; }
-
-private:
-    std::wstring printed_;
-    host::HostSession session_;
-    CkelmaroApp plugin_;
-};
-
 std::function<void()> scan(const Files& files)
 {
-    auto console = std::make_shared<Console>(files);
+    auto console = std::make_shared<Console>(files.drawing, files.description);
     return [console] {
         console->type(L"KELMARO_SEL_ALL 1 1 1 \n");
         if (!console->saw(L"Selected: "))
@@ -89,7 +63,7 @@ std::function<void()> scan(const Files& files)
 
 std::function<void()> undoOneChange(const Files& files)
 {
-    auto console = std::make_shared<Console>(files);
+    auto console = std::make_shared<Console>(files.drawing, files.description);
     console->type(L"ERASE L\n\n");
     return [console] { console->type(L"U\n"); };
 }

@@ -25,7 +25,7 @@ struct AutoAnswers {
 // How many got records that they did not have.
 int attachByLook(const Description& description, const EntityList& entities, Undrawable undrawable)
 {
-    const ObjectsByLook objects(description, undrawable);
+    ObjectsByLook objects(description, undrawable);
     LoadedDependencies dependencies;
     StoredTables tables(currentStore());
     int count = 0;

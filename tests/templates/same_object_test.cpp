@@ -1,32 +1,10 @@
 #include "templates/same_object.h"
 
-#include "host/db/block_table.h"
-#include "host/db/entity.h"
-#include "templates/object_from_entity.h"
-#include "tests/support/opened_drawing.h"
-#include "tests/templates/look_drawing.h"
+#include <gtest/gtest.h>
 
 #include <cmath>
 #include <set>
 #include <string>
-
-namespace {
-
-// What the set promises, without the hash: each against each.
-std::vector<GraphicProps> plainlyUnique(const std::vector<GraphicProps>& all)
-{
-    std::vector<GraphicProps> unique;
-    for (const GraphicProps& props : all) {
-        bool known = false;
-        for (const GraphicProps& other : unique)
-            known = known || SameObject(other, props);
-        if (!known)
-            unique.push_back(props);
-    }
-    return unique;
-}
-
-} // namespace
 
 TEST(SameObject, EveryPartCounts)
 {
@@ -122,40 +100,4 @@ TEST(SameObject, LooksHaveHashesOfTheirOwn)
         hashes.insert(hashOfObject(props));
     }
     EXPECT_EQ(hashes.size(), 5000u);
-}
-
-using UniqueObjectsTest = DrawingTest;
-
-TEST_F(UniqueObjectsTest, AsEachAgainstEachOnRandomDrawings)
-{
-    std::mt19937 random(20260);
-    std::size_t repeated = 0;
-    for (int round = 0; round < 200; ++round) {
-        DxfDrawing drawing;
-        look::addResources(drawing);
-        look::addRandomEntities(drawing, random, 40);
-        AcDbDatabase side(false, true);
-        ASSERT_EQ(side.readDwgFile(drawing.write(folder())), Acad::eOk);
-
-        std::vector<GraphicProps> all;
-        UniqueObjects unique;
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(side.modelSpaceId(), AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-        ASSERT_EQ(space->newIterator(walk), Acad::eOk);
-        for (; !walk->done(); walk->step()) {
-            const AcDbObjectPointer<AcDbEntity> entity(walk->entityId(), AcDb::kForRead);
-            ASSERT_TRUE(entity);
-            GraphicProps props;
-            ObjectFromEntity(props, *entity);
-            all.push_back(props);
-            unique.add(std::move(props));
-        }
-        ASSERT_EQ(all.size(), 40u);
-        const std::vector<GraphicProps> plain = plainlyUnique(all);
-        ASSERT_EQ(unique.objects().size(), plain.size());
-        for (std::size_t at = 0; at < plain.size(); ++at)
-            EXPECT_TRUE(SameObject(unique.objects()[at], plain[at])) << round << " " << at;
-        repeated += all.size() - plain.size();
-    }
-    EXPECT_GT(repeated, 400u);
 }

@@ -207,16 +207,19 @@ TEST_F(TemplateTest, AFileThatCannotBeWrittenIsTold)
     EXPECT_EQ(written(), L"mine");
 }
 
+// A dynamic block's reference is named after its definition, though it shows an anonymous block.
 TEST_F(TemplateTest, AnonymousAndLostBlocksAreNoObjects)
 {
     DxfDrawing drawing;
     look::addResources(drawing);
-    for (const char* const block : {"Door", "*U1", "Nothing", "Door"})
+    const std::string gate = drawing.block("Gate");
+    drawing.block("*U2", 0, {}, "1001\nAcDbBlockRepBTag\n1070\n1\n1005\n" + gate + "\n");
+    for (const char* const block : {"Door", "*U1", "Nothing", "*U2", "Door"})
         drawing.entity("INSERT", "AcDbBlockReference",
                        look::reference(block, "0.001", "0.001", "0.0"));
     open(drawing);
-    EXPECT_TRUE(tells(generate(), L"Completed: 1/4\n"));
-    EXPECT_EQ(rest(L"||obj_prop|blockName|"), Lines{L"Door"});
+    EXPECT_TRUE(tells(generate(), L"Completed: 2/5\n"));
+    EXPECT_EQ(rest(L"||obj_prop|blockName|"), (Lines{L"Door", L"Gate"}));
 }
 
 // Upper-case letters come before lower-case ones; numbers count within a type, in the order of the
@@ -240,6 +243,16 @@ TEST_F(TemplateTest, TypesInPlainOrder)
     EXPECT_EQ(rest(L"obj_name|Line"),
               (Lines{L"1walls|1|5000|Icons/Line.png", L"20|1|5000|Icons/Line.png",
                      L"3roofs|1|5000|Icons/Line.png"}));
+}
+
+TEST_F(TemplateTest, ADrawingWithoutAStoreGetsNone)
+{
+    DxfDrawing drawing;
+    drawing.line();
+    open(drawing);
+    EXPECT_TRUE(tells(generate(), L"Completed: 1/1\n"));
+    EXPECT_TRUE(existingStoreId(database()).isNull());
+    EXPECT_TRUE(written().ends_with(L"/Class\n\n")); // no tables are listed
 }
 
 TEST_F(TemplateTest, NeedsNoDescriptionAndLeavesOneAlone)
