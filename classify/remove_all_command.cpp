@@ -32,18 +32,14 @@ void removeAllObjects()
     const CommandFrame frame;
     if (!frame)
         return;
-    EntityList entities;
-    pickFirstEntities(entities);
-    if (!gatherIfEmpty(entities, Fallback::askScan))
-        return;
-    filterEntities(entities);
-    if (entities.empty())
+    const std::optional<EntityList> entities = usableEntities(Fallback::askScan);
+    if (!entities || entities->empty())
         return;
 
     StoredTables tables(currentStore());
     OdRecordIterator records = newIterator(tables.storeId());
     int removed = 0;
-    for (const AcDbObjectId entity : entities)
+    for (const AcDbObjectId entity : *entities)
         removed += removeKnownRecords(frame.description(), tables, records, entity);
     tell(Message::completed, removed);
 }

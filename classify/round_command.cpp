@@ -79,17 +79,15 @@ void roundValues()
     const CommandFrame frame;
     if (!frame)
         return;
-    EntityList entities;
-    pickFirstEntities(entities);
-    if (!gatherIfEmpty(entities, Fallback::askScan))
+    const std::optional<EntityList> entities = usableEntities(Fallback::askScan);
+    if (!entities)
         return;
-    filterEntities(entities);
-    if (entities.empty())
+    if (entities->empty())
         return tell(Message::noObjectsSelected);
 
     StoredTables tables(currentStore());
     const ValidObjects objects(frame.description(), tables);
-    for (const AcDbObjectId entity : entities) {
+    for (const AcDbObjectId entity : *entities) {
         // read again for each object, since the one before may have changed the next one's key
         const ObjectDef* object = nullptr;
         while ((object = objects.next(tables.recordsOf(entity), object)))

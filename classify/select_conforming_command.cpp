@@ -34,16 +34,14 @@ bool ask(Answers& answers)
 // Gathers, keeps what the test says, selects.
 template <class Test> void selectWhere(Test test)
 {
-    EntityList entities;
-    pickFirstEntities(entities);
-    if (!gatherIfEmpty(entities, Fallback::askScan))
+    std::optional<EntityList> entities = usableEntities(Fallback::askScan);
+    if (!entities)
         return;
-    filterEntities(entities);
-    if (entities.empty())
-        return tellSelected(entities);
+    if (entities->empty())
+        return tellSelected(*entities);
     StoredTables tables(currentStore());
-    keepIf(entities, [&](AcDbObjectId entity) { return test(tables, entity); });
-    selectAndTell(entities);
+    keepIf(*entities, [&](AcDbObjectId entity) { return test(tables, entity); });
+    selectAndTell(*entities);
 }
 
 bool passesAs(const Description& description, StoredTables& tables, AcDbObjectId entity,

@@ -41,18 +41,16 @@ void selectDuplicates()
     const CommandFrame frame;
     if (!frame)
         return;
-    EntityList entities;
-    pickFirstEntities(entities);
-    if (!gatherIfEmpty(entities, Fallback::askScan))
+    const std::optional<EntityList> entities = usableEntities(Fallback::askScan);
+    if (!entities)
         return;
-    filterEntities(entities);
-    if (entities.empty())
-        return tellSelected(entities);
+    if (entities->empty())
+        return tellSelected(*entities);
 
     StoredTables tables(currentStore());
     EntityList duplicates;
     std::set<std::wstring> names;
-    for (const AcDbObjectId entity : entities)
+    for (const AcDbObjectId entity : *entities)
         if (const ObjectDef* const object = duplicatedObject(frame.description(), tables, entity)) {
             duplicates.append(entity);
             names.insert(object->props.name);

@@ -76,12 +76,8 @@ void sortByPriority()
     const CommandFrame frame;
     if (!frame)
         return;
-    EntityList entities;
-    pickFirstEntities(entities);
-    if (!gatherIfEmpty(entities, Fallback::askScan))
-        return;
-    filterEntities(entities);
-    if (entities.empty())
+    const std::optional<EntityList> entities = usableEntities(Fallback::askScan);
+    if (!entities || entities->empty())
         return;
 
     honourDrawOrder();
@@ -93,7 +89,7 @@ void sortByPriority()
     table.acquire(opened);
     {
         const DocumentLock lock;
-        table->setRelativeDrawOrder(drawOrder(frame.description(), entities));
+        table->setRelativeDrawOrder(drawOrder(frame.description(), *entities));
         table.close();
         space.close();
     }

@@ -73,15 +73,13 @@ void showStatistics()
     const CommandFrame frame;
     if (!frame)
         return;
-    EntityList entities;
-    pickFirstEntities(entities);
-    if (!gatherIfEmpty(entities, Fallback::askScan))
+    const std::optional<EntityList> entities = usableEntities(Fallback::askScan);
+    if (!entities)
         return;
-    filterEntities(entities);
 
     GUITextBox box;
     box.title = L"KELMARO_STAT";
-    box.SetText(reportOf(countObjects(frame.description(), entities)));
+    box.SetText(reportOf(countObjects(frame.description(), *entities)));
     box.width = kWidth;
     box.height = kHeight;
     box.DoModal();

@@ -21,6 +21,16 @@ GUIOD::GUIOD(std::vector<std::wstring>& names)
 {
 }
 
+void GUIOD::SelectAll()
+{
+    const std::size_t selected = list_.chosen.size();
+    list_.chosen.clear();
+    if (selected == list_.rows.size())
+        return;
+    for (std::size_t row = 0; row < list_.rows.size(); ++row)
+        list_.chosen.push_back(row);
+}
+
 int GUIOD::DoModal()
 {
     const int answer = ModalDialog::DoModal();

@@ -13,6 +13,9 @@ public:
 
     int DoModal();
 
+    // The button "Select All": all rows, or none when all are selected already.
+    void SelectAll();
+
 private:
     std::vector<std::wstring>& names_;
     host::ChoiceList& list_;

@@ -92,3 +92,13 @@ void filterEntities(EntityList& entities)
     filterUsableLayers(entities);
     filterOpenable(entities);
 }
+
+std::optional<EntityList> usableEntities(Fallback fallback)
+{
+    EntityList entities;
+    pickFirstEntities(entities);
+    if (!gatherIfEmpty(entities, fallback))
+        return std::nullopt;
+    filterEntities(entities);
+    return entities;
+}

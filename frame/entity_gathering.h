@@ -2,6 +2,8 @@
 
 #include "frame/entity_list.h"
 
+#include <optional>
+
 // What is selected when the command starts; appended to the list.
 void pickFirstEntities(EntityList& entities);
 
@@ -29,3 +31,7 @@ bool gatherIfEmpty(EntityList& entities, Fallback fallback);
 
 // Both filters, in their order.
 void filterEntities(EntityList& entities);
+
+// All of it for a command that asks for nothing in between: what is selected, else the fallback,
+// and of that what may be touched. Nothing when the command is to end.
+std::optional<EntityList> usableEntities(Fallback fallback);

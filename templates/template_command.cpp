@@ -94,7 +94,7 @@ void generateTemplate()
     std::wstring text =
         resourcesText(documentName()) + variablesText() + classesText(found.objects(), format.text);
     if (AcDbDatabase* const database = session().store.currentDatabase())
-        text += tablesText(*database, currentStore());
+        text += tablesText(*database);
 
     if (!writeTextFile(dialog.GetPathName(), text)) {
         // the box shows the pattern as it stands; which file it is, the dialog has just said

@@ -1,6 +1,7 @@
 #include "templates/template_text.h"
 
 #include "description/host_variable.h"
+#include "store/od_store.h"
 #include "store/od_tables.h"
 #include "templates/object_name.h"
 #include "templates/object_writer.h"
@@ -109,8 +110,9 @@ std::wstring variablesText()
     return text.empty() ? text : text + L"\n";
 }
 
-std::wstring tablesText(AcDbDatabase& database, AcDbObjectId store)
+std::wstring tablesText(AcDbDatabase& database)
 {
+    const AcDbObjectId store = existingStoreId(database);
     std::vector<std::wstring> names;
     listTables(database, names, kAllTables);
     std::wstring text;

@@ -8,7 +8,6 @@
 #include <vector>
 
 class AcDbDatabase;
-class AcDbObjectId;
 
 // The objects grouped into a class for each type, the types in plain order of their words; within a
 // class they keep their order and are named by the format.
@@ -20,5 +19,6 @@ std::wstring resourcesText(std::wstring_view drawingName);
 // The host's units and precision as they stand; empty when it tells neither.
 std::wstring variablesText();
 
-// The tables of the drawing's store as comments, without those that other programs keep there.
-std::wstring tablesText(AcDbDatabase& database, AcDbObjectId store);
+// The tables of the drawing's store as comments, without those that other programs keep there. A
+// drawing without a store gets none.
+std::wstring tablesText(AcDbDatabase& database);

@@ -1,27 +1,21 @@
 #include "classify/auto_command.h"
 
-#include "host/db/entity.h"
-#include "host/edit/pick_first.h"
-#include "host/text/encoding.h"
 #include "store/record_writing.h"
-#include "tests/support/plugin_test.h"
+#include "tests/support/lettered_test.h"
+
+#include <limits>
 
 namespace {
 
-bool tells(const std::wstring& printed, std::wstring_view text)
-{
-    return printed.find(text) != std::wstring::npos;
-}
-
 // Lines by their colour; the objects that accept it follow from the description below.
-class AutoTest : public PluginTest {
+class AutoTest : public LetteredTest {
 protected:
     AutoTest()
     {
         DxfDrawing drawing;
         drawing.layer("Walls");
         drawing.layer("Locked", 4);
-        handles_ = {{'A', drawing.line("Walls", "62\n1\n")},
+        lettered = {{'A', drawing.line("Walls", "62\n1\n")},
                     {'B', drawing.line("Walls")},
                     {'C', drawing.line("0", "62\n1\n")},
                     {'D', drawing.line("Locked")},
@@ -42,7 +36,6 @@ protected:
                std::to_string(priority) + "\nobj_type|Line\nobj_prop|" + property + "\nod_name|" +
                name + "\nod_key|NAME\n";
     }
-    AcDbObjectId id(char letter) { return idOf(handles_.at(letter)); }
     std::string tables(char letter)
     {
         std::string text;
@@ -50,18 +43,6 @@ protected:
             text += host::toUtf8(table) + ";";
         return text;
     }
-    std::string look(char letter)
-    {
-        const AcDbObjectPointer<AcDbEntity> entity(id(letter), AcDb::kForRead);
-        return host::toUtf8(entity->layer()) + " " + std::to_string(entity->colorIndex());
-    }
-    void classify(char letter, std::wstring_view name)
-    {
-        classifyAs(*::session().description, storeId(), id(letter), name);
-    }
-
-private:
-    std::map<char, std::string> handles_;
 };
 
 } // namespace
@@ -106,6 +87,31 @@ TEST_F(AutoTest, ByRecordsWhatFailsLeavesTheList)
     const std::wstring printed = transcript(L"kelmaro_classify_auto\n1\n0\n\n");
     EXPECT_TRUE(tells(printed, L"Completed: 1/4\n")) << host::toUtf8(printed);
     EXPECT_EQ(look('E'), "0 256");
+}
+
+// By look every priority counts but the least, by records the one above it does not either.
+TEST_F(AutoTest, TheLeastPrioritiesNeverCount)
+{
+    constexpr int kLeast = std::numeric_limits<int>::min();
+    const struct {
+        char letter;
+        int priority;
+        const wchar_t* byLook;
+        const wchar_t* byRecords;
+    } cases[] = {
+        {'A', kLeast, L"Completed: 0/1\n", L"Completed: 0/1\n"},
+        {'B', kLeast + 1, L"Completed: 1/1\n", L"Completed: 0/1\n"},
+        {'C', kLeast + 2, L"Completed: 1/1\n", L"Completed: 1/1\n"},
+    };
+    for (const auto& [letter, priority, byLook, byRecords] : cases) {
+        SCOPED_TRACE(letter);
+        load(object("Low", 1, priority, "layer|*"));
+        select({&letter, 1});
+        EXPECT_TRUE(tells(transcript(L"kelmaro_classify_auto\n0\n0\n"), byLook));
+        classify(letter, L"Low");
+        select({&letter, 1});
+        EXPECT_TRUE(tells(transcript(L"kelmaro_classify_auto\n1\n0\n"), byRecords));
+    }
 }
 
 TEST_F(AutoTest, AnswersAreClampedAndKept)

@@ -1,24 +1,23 @@
 #pragma once
 
-#include "host/edit/pick_first.h"
 #include "store/od_record_iterator.h"
 #include "store/od_tables.h"
 #include "store/record_writing.h"
-#include "tests/support/plugin_test.h"
+#include "tests/support/lettered_test.h"
 
 #include <initializer_list>
 
 // A drawing of six lines, A to F in its order, of which E is on a locked layer, and what tests put
 // on them. "Wall" has two tables, "Gate" and "Road" share one of those of "Wall"; "Road" is in a
 // class below that of the others.
-class RecordsTest : public PluginTest {
+class RecordsTest : public LetteredTest {
 protected:
     RecordsTest()
     {
         DxfDrawing drawing;
         drawing.layer("Locked", 4);
-        for (std::size_t at = 0; at < handles_.size(); ++at)
-            handles_[at] = drawing.line(at == 4 ? "Locked" : "0");
+        for (const char letter : {'A', 'B', 'C', 'D', 'E', 'F'})
+            lettered[letter] = drawing.line(letter == 'E' ? "Locked" : "0");
         open(drawing);
         EXPECT_EQ(load("class|Buildings|1\n"
                        "obj_name|Wall|1|3\n"
@@ -51,21 +50,13 @@ protected:
 
     static std::wstring wide(const std::string& text) { return {text.begin(), text.end()}; }
 
-    const Description& description() { return *::session().description; }
-    AcDbObjectId id(char letter)
-    {
-        return idOf(handles_.at(static_cast<std::size_t>(letter - 'A')));
-    }
     std::wstring pick(char letter)
     {
-        return L"(handent \"" + wide(handles_.at(static_cast<std::size_t>(letter - 'A'))) +
-               L"\")\n\n";
+        return L"(handent \"" + wide(lettered.at(letter)) + L"\")\n\n";
     }
 
-    void classify(char letter, const char* name)
-    {
-        classifyAs(description(), storeId(), id(letter), wide(name));
-    }
+    using LetteredTest::classify;
+    void classify(char letter, const char* name) { classify(letter, wide(name)); }
     // One row of a table, its values as texts in the order of the fields.
     void addRow(char letter, const wchar_t* table, std::initializer_list<const wchar_t*> values)
     {
@@ -107,35 +98,10 @@ protected:
         return entity && !entity->extensionDictionary().isNull();
     }
 
-    void select(std::string_view letters)
-    {
-        std::vector<AcDbObjectId> ids;
-        for (const char letter : letters)
-            ids.push_back(id(letter));
-        host::setPickFirst(ids);
-    }
-    std::string selected()
-    {
-        std::string letters;
-        for (const AcDbObjectId entity : host::currentPickFirst())
-            for (char letter = 'A'; letter <= 'F'; ++letter)
-                if (id(letter) == entity)
-                    letters += letter;
-        return letters;
-    }
-
     // What is printed by this text with these selected.
     std::wstring printedBy(std::string_view letters, std::wstring_view typed)
     {
         select(letters);
         return transcript(typed);
     }
-
-private:
-    std::vector<std::string> handles_ = std::vector<std::string>(6);
 };
-
-inline bool tells(const std::wstring& printed, std::wstring_view text)
-{
-    return printed.find(text) != std::wstring::npos;
-}

@@ -1,26 +1,23 @@
 #pragma once
 
-#include "host/edit/pick_first.h"
-#include "tests/support/plugin_test.h"
-
-#include <map>
+#include "tests/support/lettered_test.h"
 
 // A drawing of six entities, named by letters in the order of the drawing:
 // A a wall as it should be; E the same on a locked layer; B a wall on the wrong layer, with an
 // illegal required value; C a line without records that looks like a wall; D a gate as it should
 // be, with two empty texts; F a wall with an illegal value that is not required.
-class SelectionTest : public PluginTest {
+class SelectionTest : public LetteredTest {
 protected:
     SelectionTest()
     {
         DxfDrawing drawing;
         drawing.layer("Walls");
         drawing.layer("Locked", 4);
-        names_ = {{'A', drawing.line("Walls")}, {'E', drawing.line("Locked")}};
-        names_['B'] = drawing.line("0");
-        names_['C'] = drawing.line("Walls");
-        names_['D'] = drawing.circle(5.0);
-        names_['F'] = drawing.line("Walls");
+        lettered = {{'A', drawing.line("Walls")}, {'E', drawing.line("Locked")}};
+        lettered['B'] = drawing.line("0");
+        lettered['C'] = drawing.line("Walls");
+        lettered['D'] = drawing.circle(5.0);
+        lettered['F'] = drawing.line("Walls");
         open(drawing);
         EXPECT_EQ(load("class|Buildings|1\n"
                        "obj_name|Wall|1|5\n"
@@ -42,31 +39,10 @@ protected:
                       .find(L"rror"),
                   std::wstring::npos);
         for (const char wall : {'A', 'E', 'B', 'F'})
-            classifyAs(description(), storeId(), id(wall), L"Wall");
-        classifyAs(description(), storeId(), id('D'), L"Gate");
+            classify(wall, L"Wall");
+        classify('D', L"Gate");
         setField(storeId(), id('B'), L"FLOORS", OdValue(99));
         setField(storeId(), id('F'), L"MATERIAL", OdValue(L"wood"));
-    }
-
-    const Description& description() { return *::session().description; }
-    AcDbObjectId id(char letter) { return idOf(names_.at(letter)); }
-
-    void select(std::string_view letters)
-    {
-        std::vector<AcDbObjectId> ids;
-        for (const char letter : letters)
-            ids.push_back(id(letter));
-        host::setPickFirst(ids);
-    }
-    // The selection as letters, in its order.
-    std::string selected()
-    {
-        std::string letters;
-        for (const AcDbObjectId entity : host::currentPickFirst())
-            for (const auto& [letter, handle] : names_)
-                if (idOf(handle) == entity)
-                    letters += letter;
-        return letters;
     }
 
     // Types with nothing selected before; the letters selected then. "Selected: " must tell their
@@ -80,12 +56,4 @@ protected:
             << std::string(printed.begin(), printed.end());
         return letters;
     }
-
-private:
-    std::map<char, std::string> names_;
 };
-
-inline bool tells(const std::wstring& printed, std::wstring_view text)
-{
-    return printed.find(text) != std::wstring::npos;
-}

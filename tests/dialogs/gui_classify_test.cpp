@@ -9,6 +9,7 @@ namespace {
 ClassifyParameters parameters;
 std::vector<std::wstring> names;
 int outcome;
+int presses; // of "Select All" before the list is answered
 
 // Assign, attach and change as digits.
 std::string answers()
@@ -23,7 +24,13 @@ protected:
     {
         parameters = {};
         command(L"ASK", [] { outcome = GUIClassify(parameters).DoModal(); });
-        command(L"PICKNAMES", [] { outcome = GUIOD(names).DoModal(); });
+        presses = 0;
+        command(L"PICKNAMES", [] {
+            GUIOD dialog(names);
+            for (int press = 0; press < presses; ++press)
+                dialog.SelectAll();
+            outcome = dialog.DoModal();
+        });
         type(L"");
         printed();
     }
@@ -90,4 +97,22 @@ TEST_F(ClassifyDialogTest, AnUnselectedRowTakesTheFirstOfEqualNames)
     names = {L"gate", L"wall", L"gate"};
     type(L"picknames\n1,3\n");
     EXPECT_EQ(names, (std::vector<std::wstring>{L"wall", L"gate"}));
+}
+
+TEST_F(ClassifyDialogTest, SelectAllASecondTimeSelectsNothing)
+{
+    const struct {
+        int presses;
+        const wchar_t* shown;
+        std::size_t kept;
+    } cases[] = {{1, L"<1,2,3>: ", 3}, {2, L"<none>: ", 0}, {3, L"<1,2,3>: ", 3}};
+    for (const auto& row : cases) {
+        names = {L"wall", L"gate", L"Door"};
+        presses = row.presses;
+        EXPECT_NE(transcript(L"picknames\n\n").find(row.shown), std::wstring::npos);
+        EXPECT_EQ(names.size(), row.kept);
+    }
+    names.clear();
+    type(L"picknames\n\n");
+    EXPECT_TRUE(names.empty());
 }

@@ -1,21 +1,14 @@
 #include "objects/conformity.h"
 
 #include "description/property_parser.h"
+#include "tests/support/entity_bodies.h"
 #include "tests/support/opened_drawing.h"
 
 namespace {
 
-struct Body {
-    const char* type;
-    const char* marker;
-    std::string fields;
-    const char* common = "";
-    const char* layer = "0";
-};
-
 struct Case {
     const char* name;
-    const Body& entity;
+    const EntityBody& entity;
     const wchar_t* word;
     const wchar_t* keyword;
     const wchar_t* value;
@@ -23,55 +16,44 @@ struct Case {
     bool conforms;
 };
 
-const std::string kOrigin = "10\n0.0\n20\n0.0\n30\n0.0\n";
-
-const Body kLine{"LINE", "AcDbLine", kOrigin + "11\n1.0\n21\n0.0\n31\n0.0\n"};
-const Body kLooked{"LINE", "AcDbLine", kLine.fields, "6\nDashed\n62\n1\n48\n2.5\n370\n25\n",
-                   "Walls"};
-const Body kByBlock{"LINE", "AcDbLine", kLine.fields, "62\n0\n370\n-2\n"};
-const Body kTrueColor{"LINE", "AcDbLine", kLine.fields, "62\n12\n420\n16711680\n"};
-const Body kCircle{"CIRCLE", "AcDbCircle", kOrigin + "40\n5.0\n"};
-const Body kPath{"LWPOLYLINE", "AcDbPolyline",
-                 "90\n2\n70\n1\n43\n0.5\n38\n3.0\n10\n0.0\n20\n0.0\n10\n1.0\n20\n0.0\n"};
-const Body kTapered{"LWPOLYLINE", "AcDbPolyline",
-                    "90\n2\n70\n0\n10\n0.0\n20\n0.0\n40\n0.5\n41\n1.5\n10\n1.0\n20\n0.0\n"};
-const Body kSpline{"SPLINE", "AcDbSpline", "70\n9\n71\n3\n72\n0\n73\n0\n74\n0\n"};
-const Body kText{"TEXT", "AcDbText",
-                 kOrigin + "40\n2.5\n1\nHello\n50\n90.0\n7\nNotes\n72\n1\n11\n0.0\n21\n0.0\n31\n"
+const EntityBody kLine{"LINE", "AcDbLine", kOrigin + "11\n1.0\n21\n0.0\n31\n0.0\n"};
+const EntityBody kLooked{"LINE", "AcDbLine", kLine.fields, "6\nDashed\n62\n1\n48\n2.5\n370\n25\n",
+                         "Walls"};
+const EntityBody kByBlock{"LINE", "AcDbLine", kLine.fields, "62\n0\n370\n-2\n"};
+const EntityBody kTrueColor{"LINE", "AcDbLine", kLine.fields, "62\n12\n420\n16711680\n"};
+const EntityBody kSpline{"SPLINE", "AcDbSpline", "70\n9\n71\n3\n72\n0\n73\n0\n74\n0\n"};
+const EntityBody kText{"TEXT", "AcDbText",
+                       kOrigin +
+                           "40\n2.5\n1\nHello\n50\n90.0\n7\nNotes\n72\n1\n11\n0.0\n21\n0.0\n31\n"
                            "0.0\n100\nAcDbText\n73\n3\n"};
-const Body kMText{"MTEXT", "AcDbMText",
-                  kOrigin + "40\n3.0\n41\n0.0\n71\n5\n72\n1\n1\n{\\H2x;North} wall\n7\nNotes\n"
+const EntityBody kMText{"MTEXT", "AcDbMText",
+                        kOrigin +
+                            "40\n3.0\n41\n0.0\n71\n5\n72\n1\n1\n{\\H2x;North} wall\n7\nNotes\n"
                             "11\n0.0\n21\n1.0\n31\n0.0\n"};
-const Body kFullEllipse{"ELLIPSE", "AcDbEllipse",
-                        kOrigin + "11\n1.0\n21\n0.0\n31\n0.0\n40\n0.5\n41\n0.0\n42\n"
-                                  "6.283185307179586\n"};
-const Body kHalfEllipse{"ELLIPSE", "AcDbEllipse",
-                        kOrigin + "11\n1.0\n21\n0.0\n31\n0.0\n40\n0.5\n41\n0.0\n42\n"
-                                  "3.141592653589793\n"};
-const Body kHatch{"HATCH", "AcDbHatch",
-                  kOrigin + "210\n0.0\n220\n0.0\n230\n1.0\n2\nANSI31\n70\n0\n71\n0\n91\n0\n75\n0\n"
-                            "76\n1\n52\n45.0\n41\n2.0\n77\n0\n78\n0\n98\n0\n"};
-const Body kReference{"INSERT", "AcDbBlockReference",
-                      "2\nDoor\n" + kOrigin + "41\n0.001\n42\n0.001\n43\n0.001\n50\n30.0\n"};
-const Body kAligned{"DIMENSION", "AcDbDimension",
-                    kOrigin + "70\n1\n3\nSurvey\n100\nAcDbAlignedDimension\n13\n0.0\n23\n0.0\n33\n"
+const EntityBody kFullEllipse{"ELLIPSE", "AcDbEllipse",
+                              kOrigin + "11\n1.0\n21\n0.0\n31\n0.0\n40\n0.5\n41\n0.0\n42\n"
+                                        "6.283185307179586\n"};
+const EntityBody kHalfEllipse{"ELLIPSE", "AcDbEllipse",
+                              kOrigin + "11\n1.0\n21\n0.0\n31\n0.0\n40\n0.5\n41\n0.0\n42\n"
+                                        "3.141592653589793\n"};
+const EntityBody kReference{"INSERT", "AcDbBlockReference",
+                            "2\nDoor\n" + kOrigin + "41\n0.001\n42\n0.001\n43\n0.001\n50\n30.0\n"};
+const EntityBody kAligned{"DIMENSION", "AcDbDimension",
+                          kOrigin +
+                              "70\n1\n3\nSurvey\n100\nAcDbAlignedDimension\n13\n0.0\n23\n0.0\n33\n"
                               "0.0\n14\n1.0\n24\n0.0\n34\n0.0\n"};
-const Body kRotated{"DIMENSION", "AcDbDimension",
-                    kOrigin +
-                        "70\n0\n3\nSurvey\n100\nAcDbAlignedDimension\n13\n0.0\n23\n0.0\n33\n"
-                        "0.0\n14\n1.0\n24\n0.0\n34\n0.0\n50\n0.0\n100\nAcDbRotatedDimension\n"};
-const Body kMline{"MLINE", "AcDbMline",
-                  "2\nSTANDARD\n340\nF18\n40\n20.0\n70\n2\n71\n3\n72\n2\n73\n2\n" + kOrigin +
-                      "210\n0.0\n220\n0.0\n230\n1.0\n"};
+const EntityBody kRotated{
+    "DIMENSION", "AcDbDimension",
+    kOrigin + "70\n0\n3\nSurvey\n100\nAcDbAlignedDimension\n13\n0.0\n23\n0.0\n33\n"
+              "0.0\n14\n1.0\n24\n0.0\n34\n0.0\n50\n0.0\n100\nAcDbRotatedDimension\n"};
+const EntityBody kMline{"MLINE", "AcDbMline",
+                        "2\nSTANDARD\n340\nF18\n40\n20.0\n70\n2\n71\n3\n72\n2\n73\n2\n" + kOrigin +
+                            "210\n0.0\n220\n0.0\n230\n1.0\n"};
 
-const Body k3dPath{"POLYLINE", "AcDb3dPolyline",
-                   "66\n1\n" + kOrigin + "70\n9\n0\nSEQEND\n5\nF30\n100\nAcDbEntity\n8\n0\n"};
-const Body kMPolygon{"MPOLYGON", "AcDbMPolygon",
-                     "70\n1\n" + kOrigin +
-                         "210\n0.0\n220\n0.0\n230\n1.0\n2\nANSI31\n71\n0\n91\n0\n76\n1\n"
-                         "52\n30.0\n41\n4.0\n77\n0\n78\n0\n63\n5\n11\n0.0\n21\n0.0\n99\n0\n"};
-const Body kTinted{"HATCH", "AcDbHatch",
-                   kHatch.fields + "1001\nHATCHBACKGROUNDCOLOR\n1071\n-1023410173\n"};
+const EntityBody k3dPath{"POLYLINE", "AcDb3dPolyline",
+                         "66\n1\n" + kOrigin + "70\n9\n0\nSEQEND\n5\nF30\n100\nAcDbEntity\n8\n0\n"};
+const EntityBody kTinted{"HATCH", "AcDbHatch",
+                         kHatch.fields + "1001\nHATCHBACKGROUNDCOLOR\n1071\n-1023410173\n"};
 
 class ConformityTest : public DrawingTest {
 protected:
@@ -200,8 +182,7 @@ TEST_F(ConformityTest, EachPropertyOfEachClass)
                    "-0.5\n62\n256\n6\nBYLAYER\n");
     std::vector<std::string> handles;
     for (const Case& row : cases)
-        handles.push_back(drawing.entity(row.entity.type, row.entity.marker, row.entity.fields,
-                                         row.entity.layer, row.entity.common));
+        handles.push_back(row.entity.addTo(drawing));
     open(drawing);
 
     for (std::size_t at = 0; at < std::size(cases); ++at) {
@@ -220,8 +201,8 @@ TEST_F(ConformityTest, AFullEllipseIsACircleAtEveryPrecision)
     for (int luprec = 0; luprec <= 8; ++luprec) {
         DxfDrawing drawing;
         drawing.luprec = luprec;
-        const std::string full = drawing.entity("ELLIPSE", "AcDbEllipse", kFullEllipse.fields);
-        const std::string half = drawing.entity("ELLIPSE", "AcDbEllipse", kHalfEllipse.fields);
+        const std::string full = kFullEllipse.addTo(drawing);
+        const std::string half = kHalfEllipse.addTo(drawing);
         open(drawing, std::to_string(luprec) + ".dxf");
         ObjectDef thing = object(L"Ellipse");
         thing.props.ellipseMode = {kOneValue, L"circle", {}};

@@ -1,4 +1,4 @@
-#include "classify/select_null_command.h"
+#include "classify/select_values_command.h"
 
 #include "description/stored_table.h"
 #include "frame/command_frame.h"
@@ -6,6 +6,7 @@
 #include "frame/prompts.h"
 #include "frame/selection_result.h"
 #include "objects/record_object.h"
+#include "objects/validation.h"
 #include "session/session.h"
 #include "text/text_comparison.h"
 
@@ -13,9 +14,15 @@
 
 namespace {
 
+// Kept from run to run; each command has its own.
 struct NullAnswers {
     int nonRequired = 0;
 };
+struct AssertAnswers {
+    int nonRequired = 0;
+};
+
+enum class WhenNothing { silent, told };
 
 const TableDef* tableOfObject(const ObjectDef& object, std::wstring_view name)
 {
@@ -36,7 +43,7 @@ bool isRequired(const TableDef& table, const OdTable& stored, std::size_t positi
 
 // Only texts can be empty.
 bool hasNullValue(const Description& description, StoredTables& tables, const OdRecord& record,
-                  bool nonRequired)
+                  Fields fields)
 {
     const ObjectDef* const object = objectOfRecordUnchecked(description, record);
     const TableDef* const table = object ? tableOfObject(*object, record.name) : nullptr;
@@ -46,7 +53,7 @@ bool hasNullValue(const Description& description, StoredTables& tables, const Od
         const OdValue& value = record.fields[at].value;
         if (value.getType() != OdType::character || !value.asText().empty())
             continue;
-        if (nonRequired)
+        if (fields == Fields::all)
             return true;
         const OdTable* const stored = tables.find(record.name);
         if (stored && isRequired(*table, *stored, at))
@@ -55,30 +62,55 @@ bool hasNullValue(const Description& description, StoredTables& tables, const Od
     return false;
 }
 
-} // namespace
-
-void selectNullValues()
+// Asks which fields count and selects the entities of which some record passes the test, which gets
+// the tables, all records of the entity, the one record and the fields.
+template <class Answers, class Test> void selectByRecords(WhenNothing whenNothing, Test test)
 {
     const CommandFrame frame;
     if (!frame)
         return;
-    int& nonRequired = session().kept<NullAnswers>().nonRequired;
+    int& nonRequired = session().kept<Answers>().nonRequired;
     if (!askZeroOne(Message::checkNonRequiredPrompt, nonRequired))
         return;
-    EntityList entities;
-    pickFirstEntities(entities);
-    if (!gatherIfEmpty(entities, Fallback::askScan))
+    std::optional<EntityList> entities = usableEntities(Fallback::askScan);
+    if (!entities)
         return;
-    filterEntities(entities);
-    if (entities.empty())
+    if (entities->empty()) {
+        if (whenNothing == WhenNothing::told)
+            tellSelected(*entities);
         return;
+    }
 
+    const Fields fields = nonRequired ? Fields::all : Fields::required;
     StoredTables tables(currentStore());
-    keepIf(entities, [&](AcDbObjectId entity) {
+    keepIf(*entities, [&](AcDbObjectId entity) {
         const std::vector<OdRecord> records = tables.recordsOf(entity);
         return std::any_of(records.begin(), records.end(), [&](const OdRecord& record) {
-            return hasNullValue(frame.description(), tables, record, nonRequired != 0);
+            return test(frame.description(), tables, records, record, fields);
         });
     });
-    selectAndTell(entities);
+    selectAndTell(*entities);
+}
+
+} // namespace
+
+void selectNullValues()
+{
+    selectByRecords<NullAnswers>(
+        WhenNothing::silent, [](const Description& description, StoredTables& tables,
+                                std::span<const OdRecord>, const OdRecord& record, Fields fields) {
+            return hasNullValue(description, tables, record, fields);
+        });
+}
+
+void selectIllegalValues()
+{
+    selectByRecords<AssertAnswers>(WhenNothing::told, [](const Description& description,
+                                                         StoredTables& tables,
+                                                         std::span<const OdRecord> records,
+                                                         const OdRecord& record, Fields fields) {
+        const ObjectDef* const object = objectOfRecord(description, record, tables);
+        return object && !validateObject(description, tables, records, object->props.name,
+                                         Values::legal, fields);
+    });
 }
