@@ -9,6 +9,8 @@ from pathlib import Path
 
 import ezdxf
 
+ezdxf.options.write_fixed_meta_data_for_testing = True
+
 LAYERS = [("buildings", 30), ("roads", 8), ("trees", 3), ("sewer", 5), ("lamps", 2), ("parks", 92), ("names", 7)]
 
 # A table is a list of fields with a default; the default's type is the field's: 1 text, 40 real, 90 integer.
@@ -105,8 +107,12 @@ def add_rest(msp):
         add_record(lamp, "lamp", "Lamp", 40)
     park = msp.add_hatch(dxfattribs={"layer": "parks", "color": 92})
     park.paths.add_polyline_path(rectangle(110, 10, 40, 20), is_closed=True)
+    msp.add_mline(rectangle(109, 9, 42, 22), close=True, dxfattribs={"layer": "parks"})
     for text, y in (("Mill Lane", 1), ("Church Street", 41)):
         msp.add_text(text, height=2.5, dxfattribs={"layer": "names"}).set_placement((60, y))
+    for corner in (0, 18):
+        house = (corner, 12), (corner + 12, 12)
+        msp.add_aligned_dim(*house, distance=11, dxfattribs={"layer": "names"}).render()
 
 
 def main():
