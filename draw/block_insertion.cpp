@@ -15,11 +15,10 @@ namespace {
 // Enter for the rotation and for what else the host may ask besides the attributes.
 constexpr int kFurtherAnswers = 4;
 
-// Whether references of the block have one scale for all axes (281).
 bool scalesUniformly(AcDbObjectId blockId)
 {
     const AcDbObjectPointer<AcDbBlockTableRecord> block(blockId, AcDb::kForRead);
-    return block && host::integerField(block->tags(), {"AcDbBlockTableRecord"}, 281, 0) == 1;
+    return block && block->blockScaling() == AcDbBlockTableRecord::kUniform;
 }
 
 bool insertRuns()

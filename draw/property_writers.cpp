@@ -79,12 +79,6 @@ double radians(double degrees)
     return degrees * std::numbers::pi / 180.0;
 }
 
-void setPattern(AcDbHatch& hatch, const std::wstring& name)
-{
-    if (hatch.setPattern(AcDbHatch::kPreDefined, name.c_str()) != Acad::eOk)
-        hatch.setPattern(AcDbHatch::kCustomDefined, name.c_str());
-}
-
 void assign3dPolyline(const WantedLook& look, AcDbEntity& entity)
 {
     assign(look, entity, &Props::closed,
@@ -110,9 +104,7 @@ void assignHatch(const WantedLook& look, AcDbEntity& entity)
     auto& hatch = as<AcDbHatch>(entity);
     assign(look, entity, &Props::pattern,
            [&](const std::wstring& name) { setPattern(hatch, name); });
-    assignColor(
-        look, entity, &Props::backgroundColor,
-        [&](const AcCmColor& color) { hatch.setBackgroundColor(color); }, NoneColor::accepted);
+    assignBackgroundColor(look, hatch);
     assign(look, entity, &Props::patternAngle,
            [&](double angle) { hatch.setPatternAngle(radians(angle)); });
     assign(look, entity, &Props::patternScale, [&](double scale) { hatch.setPatternScale(scale); });
@@ -203,11 +195,7 @@ void justify(AcDbText& text, std::int32_t code)
     text.setJustification(0);
     const AcGePoint3d place = text.position();
     text.setJustification(code);
-    const AcDb::TextHorzMode across = text.horizontalMode();
-    const bool byPosition =
-        across == AcDb::kTextLeft || across == AcDb::kTextAlign || across == AcDb::kTextFit;
-    if (!byPosition || text.verticalMode() != AcDb::kTextBase)
-        text.setAlignmentPoint(place);
+    alignAt(text, place);
 }
 
 void assignText(const WantedLook& look, AcDbEntity& entity)
@@ -271,6 +259,28 @@ bool callsForWrite(const WantedLook& look, const AcDbEntity& entity, ColorList P
     const auto* const row = readingOf<ColorReading>(entity, property);
     const bool given = row && !colors.empty() && !colors.front().empty();
     return given && (look.force || !row->accepts(look.props, entity));
+}
+
+void setPattern(AcDbHatch& hatch, const std::wstring& name)
+{
+    if (hatch.setPattern(AcDbHatch::kPreDefined, name.c_str()) != Acad::eOk)
+        hatch.setPattern(AcDbHatch::kCustomDefined, name.c_str());
+}
+
+void assignBackgroundColor(const WantedLook& look, AcDbHatch& hatch)
+{
+    assignColor(
+        look, hatch, &Props::backgroundColor,
+        [&](const AcCmColor& color) { hatch.setBackgroundColor(color); }, NoneColor::accepted);
+}
+
+void alignAt(AcDbText& text, const AcGePoint3d& place)
+{
+    const AcDb::TextHorzMode across = text.horizontalMode();
+    const bool byPosition =
+        across == AcDb::kTextLeft || across == AcDb::kTextAlign || across == AcDb::kTextFit;
+    if (!byPosition || text.verticalMode() != AcDb::kTextBase)
+        text.setAlignmentPoint(place);
 }
 
 void assignClassProperties(const WantedLook& look, AcDbEntity& entity)

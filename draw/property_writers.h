@@ -3,6 +3,11 @@
 #include "description/graphic_props.h"
 #include "host/db/entity.h"
 
+#include <string>
+
+class AcDbHatch;
+class AcDbText;
+
 // Brings the properties of an entity into line with a description: of every property that is given,
 // a value that is accepted stays and any other becomes the one to draw with. The entity is open for
 // write; what a setter refuses stays as it was.
@@ -25,3 +30,13 @@ void assignClassProperties(const WantedLook& look, AcDbEntity& entity);
 
 // Colour, layer, linetype, linetype scale and line weight, in that order.
 void assignCommonProperties(const WantedLook& look, AcDbEntity& entity);
+
+// One of them alone: a hatch's background, which may be none.
+void assignBackgroundColor(const WantedLook& look, AcDbHatch& hatch);
+
+// A predefined pattern, else one with a file of its own; the hatch stays as it is when neither is
+// found.
+void setPattern(AcDbHatch& hatch, const std::wstring& name);
+
+// Puts a text that stands by its alignment point there; others stay where their position is.
+void alignAt(AcDbText& text, const AcGePoint3d& place);

@@ -1,6 +1,5 @@
 #include "shell/command_table.h"
 
-#include "classify/assert_command.h"
 #include "classify/auto_command.h"
 #include "classify/classify_command.h"
 #include "classify/delete_duplicates_command.h"
@@ -10,12 +9,17 @@
 #include "classify/select_classified_command.h"
 #include "classify/select_conforming_command.h"
 #include "classify/select_duplicates_command.h"
-#include "classify/select_null_command.h"
 #include "classify/select_object_command.h"
+#include "classify/select_values_command.h"
 #include "classify/sort_command.h"
 #include "classify/stat_command.h"
 #include "classify/type_command.h"
+#include "draw/draw_command.h"
+#include "draw/impl_insert_command.h"
+#include "draw/impl_mtext_command.h"
+#include "draw/impl_text_command.h"
 #include "draw/restore_command.h"
+#include "shell/about_command.h"
 #include "shell/load_command.h"
 #include "templates/template_command.h"
 
@@ -24,6 +28,7 @@ namespace {
 constexpr CommandRow kCommands[] = {
     {L"KELMARO_CLASSIFY", classifyEntities},
     {L"KELMARO_CLASSIFY_AUTO", classifyAutomatically},
+    {L"KELMARO_DRAW", drawNamedObject},
     {L"KELMARO_LOAD", loadDescription},
     {L"KELMARO_RESTORE", restoreObjects},
     {L"KELMARO_RELOAD", reloadDescription},
@@ -43,6 +48,10 @@ constexpr CommandRow kCommands[] = {
     {L"KELMARO_TEMPLATE", generateTemplate},
     {L"KELMARO_TYPE", tellEntityTypes},
     {L"KELMARO_STAT", showStatistics},
+    {L"KELMARO_ABOUT", showAbout},
+    {L"KELMARO_IMPL_INSRT", insertObjectBlock},
+    {L"KELMARO_IMPL_TXT", writeObjectText},
+    {L"KELMARO_IMPL_MTXT", writeObjectMText},
 };
 
 } // namespace

@@ -18,6 +18,7 @@
 #include "host/db/xrecord.h"
 #include "host/text/encoding.h"
 #include "tests/support/described_drawing.h"
+#include "tests/support/entity_bodies.h"
 
 #include <numbers>
 
@@ -26,17 +27,9 @@ namespace {
 constexpr bool kKeep = false;
 constexpr bool kForce = true;
 
-struct Body {
-    const char* type;
-    const char* marker;
-    std::string fields;
-    const char* common = "";
-    const char* layer = "0";
-};
-
 struct Case {
     const char* name;
-    const Body& entity;
+    const EntityBody& entity;
     const wchar_t* word;
     const wchar_t* keyword;
     const wchar_t* value;
@@ -46,50 +39,42 @@ struct Case {
     const char* expected;
 };
 
-const std::string kOrigin = "10\n0.0\n20\n0.0\n30\n0.0\n";
-
-const Body kLine{"LINE", "AcDbLine", kOrigin + "11\n1.0\n21\n0.0\n31\n0.0\n",
-                 "6\nDashed\n62\n3\n48\n2.5\n370\n25\n", "Walls"};
-const Body kCircle{"CIRCLE", "AcDbCircle", kOrigin + "40\n5.0\n"};
-const Body kPath{"LWPOLYLINE", "AcDbPolyline",
-                 "90\n2\n70\n1\n43\n0.5\n38\n3.0\n10\n0.0\n20\n0.0\n10\n1.0\n20\n0.0\n"};
-const Body kTapered{"LWPOLYLINE", "AcDbPolyline",
-                    "90\n2\n70\n0\n10\n0.0\n20\n0.0\n40\n0.5\n41\n1.5\n10\n1.0\n20\n0.0\n"};
-const Body k3dPath{"POLYLINE", "AcDb3dPolyline",
-                   "66\n1\n" + kOrigin + "70\n8\n0\nSEQEND\n5\nF30\n100\nAcDbEntity\n8\n0\n"};
+const EntityBody kLine{"LINE", "AcDbLine", kOrigin + "11\n1.0\n21\n0.0\n31\n0.0\n",
+                       "6\nDashed\n62\n3\n48\n2.5\n370\n25\n", "Walls"};
+const EntityBody k3dPath{"POLYLINE", "AcDb3dPolyline",
+                         "66\n1\n" + kOrigin + "70\n8\n0\nSEQEND\n5\nF30\n100\nAcDbEntity\n8\n0\n"};
 // control points on a straight line, degree 1
-const Body kOpenSpline{"SPLINE", "AcDbSpline",
-                       "70\n8\n71\n1\n72\n5\n73\n3\n74\n0\n40\n0.0\n40\n0.0\n40\n1.0\n40\n2.0\n40\n"
-                       "2.0\n10\n0.0\n20\n0.0\n30\n0.0\n10\n4.0\n20\n0.0\n30\n0.0\n10\n4.0\n20\n"
-                       "3.0\n30\n0.0\n"};
-const Body kFitSpline{"SPLINE", "AcDbSpline",
-                      "70\n8\n71\n3\n72\n0\n73\n0\n74\n3\n44\n0.001\n11\n0.0\n21\n0.0\n31\n0.0\n"
-                      "11\n4.0\n21\n0.0\n31\n0.0\n11\n4.0\n21\n3.0\n31\n0.0\n"};
-const Body kClosedSpline{"SPLINE", "AcDbSpline",
-                         "70\n9\n71\n1\n72\n5\n73\n3\n74\n0\n40\n0.0\n40\n0.0\n40\n1.0\n40\n2.0\n"
-                         "40\n2.0\n10\n0.0\n20\n0.0\n30\n0.0\n10\n4.0\n20\n0.0\n30\n0.0\n10\n4.0\n"
-                         "20\n3.0\n30\n0.0\n"};
-const Body kText{"TEXT", "AcDbText", kOrigin + "40\n2.5\n1\nHello\n7\nNotes\n100\nAcDbText\n"};
-const Body kMText{"MTEXT", "AcDbMText",
-                  kOrigin + "40\n3.0\n41\n0.0\n71\n5\n72\n1\n1\nNorth\n7\nNotes\n"};
-const Body kHatch{"HATCH", "AcDbHatch",
-                  kOrigin + "210\n0.0\n220\n0.0\n230\n1.0\n2\nANSI31\n70\n0\n71\n0\n91\n0\n75\n0\n"
-                            "76\n1\n52\n45.0\n41\n2.0\n77\n0\n78\n0\n98\n0\n"};
-const Body kMPolygon{"MPOLYGON", "AcDbMPolygon",
-                     "70\n1\n" + kOrigin +
-                         "210\n0.0\n220\n0.0\n230\n1.0\n2\nANSI31\n71\n0\n91\n0\n76\n1\n"
-                         "52\n30.0\n41\n4.0\n77\n0\n78\n0\n63\n5\n11\n0.0\n21\n0.0\n99\n0\n"};
-const Body kDimension{"DIMENSION", "AcDbDimension",
-                      kOrigin + "70\n1\n3\nSurvey\n100\nAcDbAlignedDimension\n13\n0.0\n23\n0.0\n33"
+const EntityBody kOpenSpline{
+    "SPLINE", "AcDbSpline",
+    "70\n8\n71\n1\n72\n5\n73\n3\n74\n0\n40\n0.0\n40\n0.0\n40\n1.0\n40\n2.0\n40\n"
+    "2.0\n10\n0.0\n20\n0.0\n30\n0.0\n10\n4.0\n20\n0.0\n30\n0.0\n10\n4.0\n20\n"
+    "3.0\n30\n0.0\n"};
+const EntityBody kFitSpline{
+    "SPLINE", "AcDbSpline",
+    "70\n8\n71\n3\n72\n0\n73\n0\n74\n3\n44\n0.001\n11\n0.0\n21\n0.0\n31\n0.0\n"
+    "11\n4.0\n21\n0.0\n31\n0.0\n11\n4.0\n21\n3.0\n31\n0.0\n"};
+const EntityBody kClosedSpline{
+    "SPLINE", "AcDbSpline",
+    "70\n9\n71\n1\n72\n5\n73\n3\n74\n0\n40\n0.0\n40\n0.0\n40\n1.0\n40\n2.0\n"
+    "40\n2.0\n10\n0.0\n20\n0.0\n30\n0.0\n10\n4.0\n20\n0.0\n30\n0.0\n10\n4.0\n"
+    "20\n3.0\n30\n0.0\n"};
+const EntityBody kText{"TEXT", "AcDbText",
+                       kOrigin + "40\n2.5\n1\nHello\n7\nNotes\n100\nAcDbText\n"};
+const EntityBody kMText{"MTEXT", "AcDbMText",
+                        kOrigin + "40\n3.0\n41\n0.0\n71\n5\n72\n1\n1\nNorth\n7\nNotes\n"};
+const EntityBody kDimension{"DIMENSION", "AcDbDimension",
+                            kOrigin +
+                                "70\n1\n3\nSurvey\n100\nAcDbAlignedDimension\n13\n0.0\n23\n0.0\n33"
                                 "\n0.0\n14\n1.0\n24\n0.0\n34\n0.0\n"};
-const Body kMline{"MLINE", "AcDbMline",
-                  "2\nSTANDARD\n340\nF18\n40\n20.0\n70\n2\n71\n3\n72\n2\n73\n2\n" + kOrigin +
-                      "210\n0.0\n220\n0.0\n230\n1.0\n11\n0.0\n21\n0.0\n31\n0.0\n12\n1.0\n22\n0.0\n"
-                      "32\n0.0\n13\n0.0\n23\n1.0\n33\n0.0\n74\n0\n75\n0\n74\n0\n75\n0\n11\n8.0\n21"
-                      "\n0.0\n31\n0.0\n12\n1.0\n22\n0.0\n32\n0.0\n13\n0.0\n23\n1.0\n33\n0.0\n74\n0"
-                      "\n75\n0\n74\n0\n75\n0\n"};
-const Body kMLeader{"MULTILEADER", "AcDbMLeader",
-                    "300\nCONTEXT_DATA{\n40\n1.0\n301\n}\n340\nF28\n90\n0\n"};
+const EntityBody kMline{
+    "MLINE", "AcDbMline",
+    "2\nSTANDARD\n340\nF18\n40\n20.0\n70\n2\n71\n3\n72\n2\n73\n2\n" + kOrigin +
+        "210\n0.0\n220\n0.0\n230\n1.0\n11\n0.0\n21\n0.0\n31\n0.0\n12\n1.0\n22\n0.0\n"
+        "32\n0.0\n13\n0.0\n23\n1.0\n33\n0.0\n74\n0\n75\n0\n74\n0\n75\n0\n11\n8.0\n21"
+        "\n0.0\n31\n0.0\n12\n1.0\n22\n0.0\n32\n0.0\n13\n0.0\n23\n1.0\n33\n0.0\n74\n0"
+        "\n75\n0\n74\n0\n75\n0\n"};
+const EntityBody kMLeader{"MULTILEADER", "AcDbMLeader",
+                          "300\nCONTEXT_DATA{\n40\n1.0\n301\n}\n340\nF28\n90\n0\n"};
 
 template <class T> const T& as(const AcDbEntity& entity)
 {
@@ -327,6 +312,8 @@ TEST_F(AssignmentTest, EachPropertyOfEachClass)
          "closed"},
         {"a spline never opens", kClosedSpline, L"Spline", L"closed", L"0", L"", kForce,
          closed<AcDbSpline>, "closed"},
+        {"and an open one stays so", kOpenSpline, L"Spline", L"closed", L"0", L"", kForce,
+         closed<AcDbSpline>, "open"},
 
         {"height", kText, L"Text", L"textheight", L"4", L"1:2", kKeep, height, "4"},
         {"style", kText, L"Text", L"textstyle", L"titles", L"", kKeep, style, "Titles"},
@@ -379,8 +366,7 @@ TEST_F(AssignmentTest, EachPropertyOfEachClass)
     DxfDrawing drawing = styledDrawing();
     std::vector<std::string> handles;
     for (const Case& row : cases)
-        handles.push_back(drawing.entity(row.entity.type, row.entity.marker, row.entity.fields,
-                                         row.entity.layer, row.entity.common));
+        handles.push_back(row.entity.addTo(drawing));
     open(drawing);
     for (std::size_t at = 0; at < std::size(cases); ++at) {
         const Case& row = cases[at];
@@ -398,8 +384,8 @@ TEST_F(AssignmentTest, EachPropertyOfEachClass)
 TEST_F(AssignmentTest, AHatchFollowsItsScaleAlsoWhereNothingWasWritten)
 {
     DxfDrawing drawing = styledDrawing();
-    const std::string kept = drawing.entity("HATCH", "AcDbHatch", kHatch.fields);
-    const std::string changed = drawing.entity("HATCH", "AcDbHatch", kHatch.fields);
+    const std::string kept = kHatch.addTo(drawing);
+    const std::string changed = kHatch.addTo(drawing);
     open(drawing);
     ObjectDef range = object(L"Hatch");
     ASSERT_TRUE(parseProperty(range.props, L"patternscale", L"1", L"2:3"));

@@ -2,18 +2,11 @@
 #include "host/db/block_reference.h"
 #include "host/db/block_table.h"
 #include "host/db/circle.h"
-#include "host/edit/pick_first.h"
-#include "host/text/encoding.h"
 #include "objects/block_definition.h"
 #include "objects/validation.h"
-#include "tests/support/plugin_test.h"
+#include "tests/support/lettered_test.h"
 
 namespace {
-
-bool tells(const std::wstring& printed, std::wstring_view text)
-{
-    return printed.find(text) != std::wstring::npos;
-}
 
 const char* const kDescription = "obj_name|Wall|1|5\n"
                                  "obj_type|Line\n"
@@ -39,7 +32,7 @@ const char* const kDescription = "obj_name|Wall|1|5\n"
 
 // Lines: A a wall on an allowed layer, B a wall on a wrong one, C without records, L a wall on a
 // locked layer.
-class RestoreTest : public PluginTest {
+class RestoreTest : public LetteredTest {
 protected:
     RestoreTest()
     {
@@ -47,7 +40,7 @@ protected:
         drawing.layer("Walls");
         drawing.layer("Old");
         drawing.layer("Locked", 4);
-        handles_ = {{'A', drawing.line("Old")},
+        lettered = {{'A', drawing.line("Old")},
                     {'B', drawing.line("0")},
                     {'C', drawing.line("Old")},
                     {'L', drawing.line("Locked")}};
@@ -57,28 +50,6 @@ protected:
         for (const char wall : {'A', 'B', 'L'})
             classify(wall, L"Wall");
     }
-
-    AcDbObjectId id(char letter) { return idOf(handles_.at(letter)); }
-    void classify(char letter, std::wstring_view name)
-    {
-        classifyAs(*::session().description, storeId(), id(letter), name);
-    }
-    void select(std::string_view letters)
-    {
-        std::vector<AcDbObjectId> ids;
-        for (const char letter : letters)
-            ids.push_back(id(letter));
-        host::setPickFirst(ids);
-    }
-    // "Layer colour".
-    std::string look(char letter)
-    {
-        const AcDbObjectPointer<AcDbEntity> entity(id(letter), AcDb::kForRead);
-        return host::toUtf8(entity->layer()) + " " + std::to_string(entity->colorIndex());
-    }
-
-private:
-    std::map<char, std::string> handles_;
 };
 
 } // namespace
@@ -118,6 +89,20 @@ TEST_F(RestoreTest, WithoutANameEachEntityGetsTheLookOfItsOwnForemostObject)
     EXPECT_EQ(look('B'), "0 6");
     EXPECT_EQ(look('C'), "Old 256");
     EXPECT_EQ(look('L'), "Locked 256");
+}
+
+TEST_F(RestoreTest, TheLeastPriorityButOneDoesNotCount)
+{
+    const std::pair<const char*, const wchar_t*> cases[] = {{"-2147483647", L"Completed: 0/1\n"},
+                                                            {"-2147483646", L"Completed: 1/1\n"}};
+    for (const auto& [priority, told] : cases) {
+        load(std::string("obj_name|Low|1|") + priority +
+             "\nobj_type|Line\nobj_prop|color|3\nod_name|LOWS\nod_key|NAME\n");
+        classify('C', L"Low");
+        select("C");
+        EXPECT_TRUE(tells(transcript(L"kelmaro_restore\n\n0\n"), told)) << priority;
+    }
+    EXPECT_EQ(look('C'), "Old 3");
 }
 
 TEST_F(RestoreTest, NothingToWorkOn)

@@ -1,0 +1,59 @@
+#include "draw/impl_mtext_command.h"
+
+#include "draw/given_property.h"
+#include "draw/impl_prompts.h"
+#include "draw/model_space.h"
+#include "draw/named_styles.h"
+#include "draw/object_rotation.h"
+#include "frame/command_frame.h"
+#include "host/db/mtext.h"
+
+namespace {
+
+using Props = GraphicProps;
+
+AcDbObjectId writeMText(const Props& props, const AcGePoint3d& point, const std::wstring& words)
+{
+    AcDbObjectPointer<AcDbMText> text;
+    text.create();
+    const AcDbObjectId id = appendToModelSpace(*text);
+    if (id.isNull())
+        return id;
+    text->setLocation(point);
+    if (!turnsOnScreen(props))
+        text->setRotation(rotationOf(props));
+    if (isGiven(props, &Props::mtextAttachmentPoint))
+        text->setAttachment(
+            static_cast<AcDbMText::AttachmentPoint>(props.mtextAttachmentPoint.value));
+    if (isGiven(props, &Props::textHeight))
+        text->setTextHeight(props.textHeight.value);
+    if (isGiven(props, &Props::textStyle))
+        if (const AcDbObjectId style = textStyleNamed(*text->database(), props.textStyle.value);
+            !style.isNull())
+            text->setTextStyle(style);
+    double gutter = 0.0;
+    text->getColumnGutterWidth(gutter);
+    // a column as wide as its letters are high: the lines are not wrapped by it
+    text->setDynamicColumns(text->textHeight(), gutter, true);
+    text->setContents(words);
+    return id;
+}
+
+} // namespace
+
+void writeObjectMText()
+{
+    const CommandFrame frame;
+    if (!frame)
+        return;
+    const Props* const props = askProps(frame.description());
+    if (!props)
+        return;
+    const std::optional<AcGePoint3d> point = askPoint();
+    const std::optional<std::wstring> words = point ? askText(*props) : std::nullopt;
+    if (!words)
+        return;
+    const AcDbObjectId id = writeMText(*props, *point, *words);
+    if (turnsOnScreen(*props))
+        rotateByUser(id, *point);
+}

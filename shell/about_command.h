@@ -1,0 +1,4 @@
+#pragma once
+
+// KELMARO_ABOUT: shows what the plug-in is, who makes it and where to ask.
+void showAbout();
