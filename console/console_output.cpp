@@ -54,7 +54,7 @@ std::string ConsoleOutput::takeUnfinished()
 {
     const std::size_t lines = pending_.rfind('\n') + 1;
     put(std::string_view(pending_).substr(0, lines));
-    const std::string unfinished = pending_.substr(lines);
+    std::string unfinished = pending_.substr(lines);
     pending_.clear();
     return unfinished;
 }

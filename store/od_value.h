@@ -29,7 +29,8 @@ public:
     OdValue(const OdValue&) = default;
     OdValue(OdValue&&) noexcept = default;
     OdValue& operator=(const OdValue& source);
-    OdValue& operator=(OdValue&& source);
+    OdValue&
+    operator=(OdValue&& source); // NOLINT(performance-noexcept-move-constructor): reading may throw
 
     // A plain copy, type included; what containers of values need in the place of an assignment.
     void become(OdValue source) noexcept { value_ = std::move(source.value_); }

@@ -2,7 +2,7 @@
 
 #include "host/db/drawing.h"
 
-#include <ranges>
+#include <algorithm>
 
 namespace host {
 
@@ -49,13 +49,10 @@ void UndoLog::swapStates(Drawing& drawing, Group& group, bool backward)
         drawing.restore(change.stub, change.before);
         change.before = std::move(now);
     };
-    if (backward) {
-        for (Change& change : std::views::reverse(group.changes))
-            swapOne(change);
-    } else {
-        for (Change& change : group.changes)
-            swapOne(change);
-    }
+    if (backward)
+        std::for_each(group.changes.rbegin(), group.changes.rend(), swapOne);
+    else
+        std::for_each(group.changes.begin(), group.changes.end(), swapOne);
 }
 
 void UndoLog::rollBack(Drawing& drawing)

@@ -114,7 +114,7 @@ void CommandEngine::abandonCommands()
     }
     // what catches everything and goes on is left where it stands
     if (outer_)
-        outer_.release();
+        static_cast<void>(outer_.release());
 }
 
 std::deque<QueuedText>* CommandEngine::queue() const
@@ -377,7 +377,7 @@ void CommandEngine::leaveInnerToDriver(Level& level)
         level.inner->leftToDriver = !level.failed;
         driveInner(level);
         if (abandon_ && level.inner)
-            level.inner.release();
+            static_cast<void>(level.inner.release());
     }
 }
 

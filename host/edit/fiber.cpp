@@ -101,7 +101,7 @@ Fiber::~Fiber()
     if (state_->done)
         freeStacks().push_back(state_->stack);
     else
-        state_.release();
+        static_cast<void>(state_.release());
 }
 
 void Fiber::resume()
@@ -153,6 +153,7 @@ bool Fiber::done() const
 void Fiber::enter(unsigned low, unsigned high)
 {
     const std::uintptr_t address = std::uintptr_t{low} | std::uintptr_t{high} << 32;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): makecontext hands on integers only
     State& s = *reinterpret_cast<Fiber*>(address)->state_;
 #if HOST_ASAN
     __sanitizer_finish_switch_fiber(nullptr, &s.resumerBottom, &s.resumerSize);

@@ -33,6 +33,7 @@ bool layZeros(std::uintptr_t address)
         range.damaged = true;
         const std::uintptr_t size = pageSize;
         // Page by page: what is not cut off stays readable.
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): a place rounded to its page
         void* page = reinterpret_cast<void*>(address & ~(size - 1));
         return mmap(page, size, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) == page;
     }

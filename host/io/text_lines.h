@@ -50,7 +50,7 @@ inline constexpr std::array<std::uint8_t, 256> kCodeCharacters = [] {
     std::array<std::uint8_t, 256> table{};
     table.fill(kCodeOther);
     for (int digit = 0; digit < 10; ++digit)
-        table[static_cast<std::size_t>('0' + digit)] = static_cast<std::uint8_t>(digit);
+        table['0' + static_cast<std::size_t>(digit)] = static_cast<std::uint8_t>(digit);
     table[' '] = table['\t'] = kCodeBlank;
     return table;
 }();

@@ -5,7 +5,6 @@
 #include "host/text/case_mapping.h"
 #include "host/ui/file_dialog.h"
 
-#include <ranges>
 #include <set>
 
 namespace host {
@@ -44,8 +43,9 @@ std::optional<std::vector<std::size_t>> chosenRows(std::wstring_view text, std::
             rows.insert(row);
         return std::vector(rows.begin(), rows.end());
     }
-    for (const auto& part : std::views::split(text, L',')) {
-        const std::wstring_view run(part.begin(), part.end());
+    for (std::size_t begin = 0, end = 0; end != text.npos && !text.empty(); begin = end + 1) {
+        end = text.find(L',', begin);
+        const std::wstring_view run = text.substr(begin, end - begin);
         const std::size_t dash = run.find(L'-');
         const std::optional<int> first = typedInteger(run.substr(0, dash));
         const std::optional<int> last =
