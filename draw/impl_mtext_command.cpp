@@ -4,8 +4,6 @@
 #include "draw/impl_prompts.h"
 #include "draw/model_space.h"
 #include "draw/named_styles.h"
-#include "draw/object_rotation.h"
-#include "frame/command_frame.h"
 #include "host/db/mtext.h"
 
 namespace {
@@ -43,17 +41,5 @@ AcDbObjectId writeMText(const Props& props, const AcGePoint3d& point, const std:
 
 void writeObjectMText()
 {
-    const CommandFrame frame;
-    if (!frame)
-        return;
-    const Props* const props = askProps(frame.description());
-    if (!props)
-        return;
-    const std::optional<AcGePoint3d> point = askPoint();
-    const std::optional<std::wstring> words = point ? askText(*props) : std::nullopt;
-    if (!words)
-        return;
-    const AcDbObjectId id = writeMText(*props, *point, *words);
-    if (turnsOnScreen(*props))
-        rotateByUser(id, *point);
+    writeWords(writeMText);
 }

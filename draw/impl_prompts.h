@@ -1,6 +1,7 @@
 #pragma once
 
 #include "description/description.h"
+#include "host/db/object_id.h"
 #include "host/geom/point.h"
 
 #include <optional>
@@ -14,9 +15,12 @@ const GraphicProps* askProps(const Description& description);
 
 std::optional<AcGePoint3d> askPoint();
 
-// The text to write, the object's own being the default; nothing when there is none in the end.
-std::optional<std::wstring> askText(const GraphicProps& props);
-
 // Whether the user turns the entity on the screen, and else its angle, in radians.
 bool turnsOnScreen(const GraphicProps& props);
 double rotationOf(const GraphicProps& props);
+
+// Asks for an object, a point and the words (the object's own are the default), has an entity made
+// of them, and lets the user turn it. Without words in the end nothing is made.
+using WordsWriter = AcDbObjectId (*)(const GraphicProps& props, const AcGePoint3d& point,
+                                     const std::wstring& words);
+void writeWords(WordsWriter write);

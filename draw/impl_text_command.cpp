@@ -4,9 +4,7 @@
 #include "draw/impl_prompts.h"
 #include "draw/model_space.h"
 #include "draw/named_styles.h"
-#include "draw/object_rotation.h"
 #include "draw/property_writers.h"
-#include "frame/command_frame.h"
 #include "host/db/text.h"
 
 namespace {
@@ -41,17 +39,5 @@ AcDbObjectId writeText(const Props& props, const AcGePoint3d& point, const std::
 
 void writeObjectText()
 {
-    const CommandFrame frame;
-    if (!frame)
-        return;
-    const Props* const props = askProps(frame.description());
-    if (!props)
-        return;
-    const std::optional<AcGePoint3d> point = askPoint();
-    const std::optional<std::wstring> words = point ? askText(*props) : std::nullopt;
-    if (!words)
-        return;
-    const AcDbObjectId id = writeText(*props, *point, *words);
-    if (turnsOnScreen(*props))
-        rotateByUser(id, *point);
+    writeWords(writeText);
 }

@@ -1,12 +1,12 @@
 #include "host/commands/insert_command.h"
 
 #include "host/commands/command_entities.h"
-#include "host/commands/current_properties.h"
 #include "host/commands/reference_attributes.h"
 #include "host/db/attribute.h"
 #include "host/db/block_reference.h"
 #include "host/db/block_table.h"
 #include "host/db/database.h"
+#include "host/db/database_defaults.h"
 #include "host/edit/command_engine.h"
 #include "host/edit/command_line.h"
 #include "host/edit/document.h"
@@ -30,7 +30,7 @@ namespace {
 struct Block {
     AcDbObjectId id;
     std::wstring name;
-    bool uniform = false; // one scale for all axes (281)
+    bool uniform = false; // one scale for all axes
     double unitScale = 1.0;
 };
 
@@ -120,7 +120,7 @@ std::optional<Block> findBlock(AcDbDatabase& database, const std::wstring& name)
     if (!block || block->isLayout())
         return std::nullopt;
     found.name = block->name();
-    found.uniform = integerField(block->tags(), {"AcDbBlockTableRecord"}, 281, 0) == 1;
+    found.uniform = block->blockScaling() == AcDbBlockTableRecord::kUniform;
     found.unitScale = unitScale(block->blockInsertUnits(), database.insunits());
     return found;
 }
@@ -348,7 +348,7 @@ void appendReference(AcDbDatabase& database, const Block& block, const Placement
     if (!space || space->appendAcDbEntity(reference.object()) != Acad::eOk)
         return;
     const auto scale = [&](int axis) { return *placement.scales[axis] * block.unitScale; };
-    applyCurrentProperties(*reference);
+    setDatabaseDefaults(*reference);
     reference->setScaleFactors({scale(0), scale(1), scale(2)});
     reference->setRotation(*placement.rotation);
     for (const AttributeValue& value : attributes) {

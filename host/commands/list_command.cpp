@@ -19,7 +19,7 @@ constexpr std::size_t kLayerColumn = 20; // characters
 void printList(const PropertyList& list, std::wstring_view indent)
 {
     for (const auto& [name, value] : list)
-        print(std::wstring(indent) + name + L": " + value + L"\n");
+        print(std::wstring(indent).append(name).append(L": ").append(value).append(L"\n"));
 }
 
 void listEntity(const AcDbEntity& entity)

@@ -4,15 +4,15 @@
 #include "host/db/block_reference.h"
 #include "host/db/block_table.h"
 #include "host/db/object_pointer.h"
-#include "host/geom/matrix.h"
-
-#include <cmath>
+#include "host/db/text_stretching.h"
 
 namespace host {
 
 namespace {
 
 constexpr int kPrompt = 3;
+constexpr int kChunk = 3; // of an embedded text's contents
+constexpr int kLastChunk = 1;
 
 // The definition's tags under the attribute's marker.
 TagList attributeTags(const AcDbAttributeDefinition& definition)
@@ -20,9 +20,8 @@ TagList attributeTags(const AcDbAttributeDefinition& definition)
     TagList tags = definition.clone()->tags();
     tags.setText(0, L"ATTRIB");
     const std::size_t marker = tags.find(100, kAttributeDefinitionPart.marker);
-    if (marker == TagList::npos)
-        return tags;
-    tags.setText(marker, L"AcDbAttribute");
+    if (marker != TagList::npos) // R12 has none
+        tags.setText(marker, L"AcDbAttribute");
     const TagRange own = subclassRange(tags, kAttributePart.marker).value_or(TagRange());
     const std::size_t prompt = tags.find(kPrompt, own.first, own.last);
     if (prompt != TagList::npos)
@@ -30,30 +29,31 @@ TagList attributeTags(const AcDbAttributeDefinition& definition)
     return tags;
 }
 
-void place(AcDbText& text, const AcDbAttributeDefinition& definition, const AcGeMatrix3d& transform)
-{
-    const AcGeMatrix3d plane = AcGeMatrix3d::arbitraryAxes(definition.normal());
-    const double angle = definition.rotation();
-    const AcGeVector3d along =
-        transform * (plane * AcGeVector3d(std::cos(angle), std::sin(angle), 0.0));
-    const AcGeVector3d upward =
-        transform * (plane * AcGeVector3d(-std::sin(angle), std::cos(angle), 0.0));
-    const AcGeVector3d across = upward - along.normal() * upward.dotProduct(along.normal());
-    if (along.isZeroLength() || across.isZeroLength())
-        return; // seen from its edge
+} // namespace
 
-    const AcGeVector3d normal = along.crossProduct(across).normal();
-    const AcGeVector3d inPlane = AcGeMatrix3d::arbitraryAxes(normal).inverse() * along;
-    text.setNormal(normal);
-    text.setHeight(definition.height() * across.length());
-    text.setWidthFactor(definition.widthFactor() * along.length() / across.length());
-    text.setRotation(std::atan2(inPlane.y, inPlane.x));
-    text.setPosition(transform * definition.position());
-    if (definition.justification() != 0)
-        text.setAlignmentPoint(transform * definition.alignmentPoint());
+std::vector<std::wstring> linesOf(const TagList& tags)
+{
+    std::vector<std::wstring> lines;
+    for (std::size_t i = tags.find(101); i < dataEnd(tags); ++i)
+        if (tags[i].code == kChunk || tags[i].code == kLastChunk)
+            lines.push_back(tags.text(i));
+    return lines;
 }
 
-} // namespace
+void setLines(TagList& tags, const std::vector<std::wstring>& lines)
+{
+    const std::size_t embedded = tags.find(101);
+    if (embedded == TagList::npos || lines.empty())
+        return;
+    std::size_t at = dataEnd(tags);
+    for (std::size_t i = at; i-- > embedded;)
+        if (tags[i].code == kChunk || tags[i].code == kLastChunk) {
+            tags.erase(i, i + 1);
+            at = i;
+        }
+    for (const std::wstring& line : lines)
+        tags.insertText(at++, &line == &lines.back() ? kLastChunk : kChunk, line);
+}
 
 std::vector<AcDbObjectId> variableDefinitions(AcDbObjectId blockId)
 {
@@ -78,7 +78,12 @@ std::unique_ptr<AcDbAttribute> attributeOf(const AcDbAttributeDefinition& defini
     auto attribute = std::make_unique<AcDbAttribute>();
     attribute->tagsForWrite() = attributeTags(definition);
     attribute->setTextString(value);
-    place(*attribute, definition, reference.blockTransform());
+    if (value != definition.textString())
+        setLines(attribute->tagsForWrite(), {std::wstring(value)});
+    const AcGeMatrix3d map = reference.blockTransform();
+    const bool severalLines = attribute->tags().find(101) != TagList::npos;
+    if (!severalLines || attribute->transformBy(map) != Acad::eOk)
+        stretchText(*attribute, map);
     return attribute;
 }
 

@@ -3,6 +3,7 @@
 #include "host/db/object_id.h"
 
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +12,8 @@ class AcDbAttributeDefinition;
 class AcDbBlockReference;
 
 namespace host {
+
+class TagList;
 
 // The definitions of a block that its references have attributes of, in the block's order: constant
 // ones belong to the block itself.
@@ -21,5 +24,10 @@ std::vector<AcDbObjectId> variableDefinitions(AcDbObjectId block);
 std::unique_ptr<AcDbAttribute> attributeOf(const AcDbAttributeDefinition& definition,
                                            const AcDbBlockReference& reference,
                                            std::wstring_view value);
+
+// The contents of an attribute of several lines, in the chunks in which the text embedded in its
+// record has them; empty for an attribute of one line, which takes none.
+std::vector<std::wstring> linesOf(const TagList& tags);
+void setLines(TagList& tags, const std::vector<std::wstring>& lines);
 
 } // namespace host

@@ -1,6 +1,7 @@
 #include "host/db/arc.h"
 
 #include "host/db/thickness.h"
+#include "host/db/transforming.h"
 
 using host::kArcPart;
 using host::kCirclePart;
@@ -58,6 +59,26 @@ bool AcDbArc::strokes(host::StrokeSink& sink) const
     const host::Arc3d part = geometry();
     return host::strokeThick(sink, normal(), thickness(),
                              [&](host::StrokeSink& to) { to.arc(part); });
+}
+
+Acad::ErrorStatus AcDbArc::transformBy(const AcGeMatrix3d& map)
+{
+    static constexpr host::MappedField kFields[] = {{10, host::FieldForm::planePoint},
+                                                    {39, host::FieldForm::length},
+                                                    {40, host::FieldForm::length}};
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    const double first = mapped.degrees(real(kArcPart, 50, 0.0));
+    const double last = mapped.degrees(real(kArcPart, 51, 360.0));
+    const bool behindAngles = host::findField(tags(), kArcPart, 210) != host::TagList::npos;
+    host::mapFields(*this, kCirclePart, kFields, mapped);
+    host::mapNormal(*this, behindAngles ? kArcPart : kCirclePart, mapped);
+    // always counter-clockwise
+    setReal(kArcPart, 50, mapped.mirrors() ? last : first, host::kRequired);
+    return setReal(kArcPart, 51, mapped.mirrors() ? first : last, host::kRequired);
 }
 
 std::span<const std::string_view> AcDbArc::markers() const

@@ -37,9 +37,14 @@ public:
     {
         return setReal(host::kArcPart, 51, host::toDegrees(angle), host::kRequired);
     }
+    Acad::ErrorStatus setThickness(double value)
+    {
+        return setReal(host::kCirclePart, 39, value, 0.0);
+    }
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal); // the centre stays where it is
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "ARC"; }
     std::span<const std::string_view> markers() const override;
 };

@@ -2,8 +2,13 @@
 
 #include "host/db/attribute.h"
 #include "host/db/block_contents.h"
+#include "host/db/block_explosion.h"
 #include "host/db/block_table.h"
+#include "host/db/layer_visibility.h"
+#include "host/db/readable_text.h"
 #include "host/db/reading.h"
+#include "host/db/text_stretching.h"
+#include "host/db/transforming.h"
 #include "host/geom/stroke_sink.h"
 
 #include <cmath>
@@ -124,10 +129,104 @@ bool AcDbBlockReference::strokes(host::StrokeSink& sink) const
     return strokeAttributes(sink);
 }
 
+Acad::ErrorStatus AcDbBlockReference::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const
+{
+    return host::explodeBlock(*this, blockTableRecord(), blockTransform(), host::ByBlock::stays,
+                              parts);
+}
+
 std::span<const std::string_view> AcDbBlockReference::markers() const
 {
     static constexpr std::string_view kMarkers[] = {"AcDbEntity", "AcDbBlockReference"};
     return kMarkers;
+}
+
+Acad::ErrorStatus AcDbBlockReference::transformBy(const AcGeMatrix3d& map, AttributeText text)
+{
+    using host::FieldForm;
+    static constexpr host::MappedField kFields[] = {
+        {10, FieldForm::planePoint}, {44, FieldForm::length}, {45, FieldForm::length}};
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
+    if (status != Acad::eOk)
+        return status;
+    if (!mapped.isSimilar()) {
+        const Acad::ErrorStatus stretched = stretch(map);
+        if (stretched != Acad::eOk)
+            return stretched;
+    } else {
+        const AcGeScale3d factors = scaleFactors() * mapped.scale();
+        const double columns = columnStep();
+        host::mapFields(*this, part(), kFields, mapped);
+        host::mapNormal(*this, part(), mapped);
+        // a mirrored reference points the other way along its x axis
+        host::mapAngle(*this, part(), 50, mapped, mapped.mirrors() ? 180.0 : 0.0);
+        setReal(part(), 41, mapped.mirrors() ? -factors.sx : factors.sx, 1.0);
+        setReal(part(), 42, factors.sy, 1.0);
+        setReal(part(), 43, factors.sz, 1.0);
+        if (mapped.mirrors())
+            setReal(part(), 44, -columns * mapped.scale(), 0.0);
+    }
+    host::mapExtendedData(*this, mapped);
+    const host::LayersUnlocked whole;
+    const auto follow = [&](AcDbAttribute& attribute) {
+        const Acad::ErrorStatus went = text == AttributeText::readable
+                                           ? host::transformReadably(attribute, map)
+                                           : attribute.transformBy(map);
+        if (went == Acad::eCannotScaleNonUniformly)
+            host::stretchText(attribute, map);
+    };
+    for (const AcDbObjectId id : attributes()) {
+        const AcDbObjectPointer<AcDbAttribute> attribute(id, AcDb::kForWrite);
+        if (attribute)
+            follow(*attribute);
+    }
+    for (const std::unique_ptr<AcDbEntity>& child : newChildren())
+        if (AcDbAttribute* const attribute = AcDbAttribute::cast(child.get()))
+            follow(*attribute);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::stretch(const AcGeMatrix3d& map)
+{
+    constexpr double kSquare = 1e-9;
+    const AcGeMatrix3d axes = map * AcGeMatrix3d::arbitraryAxes(normal()) *
+                              AcGeMatrix3d::rotation(rotation(), AcGeVector3d::kZAxis);
+    const AcGeVector3d x = axes.axis(0);
+    const AcGeVector3d y = axes.axis(1);
+    const AcGeVector3d z = axes.axis(2);
+    const auto square = [](const AcGeVector3d& a, const AcGeVector3d& b) {
+        return std::abs(a.dotProduct(b)) <= kSquare * a.length() * b.length();
+    };
+    if (!square(x, y) || !square(y, z) || !square(z, x))
+        return Acad::eCannotScaleNonUniformly;
+    const double side = axes.det() < 0.0 ? -1.0 : 1.0;
+    const AcGePoint3d place = map * position();
+    const AcGeScale3d factors = scaleFactors();
+    const double columns = columnStep();
+    const double rows = real(part(), 45, 0.0);
+    const AcGeMatrix3d back = AcGeMatrix3d::arbitraryAxes(z.normal()).inverse();
+    const AcGeVector3d along = back * (x * side);
+    setNormal(z.normal());
+    setPosition(place);
+    setReal(part(), 50, host::tidyDegrees(host::toDegrees(std::atan2(along.y, along.x))), 0.0);
+    setReal(part(), 44, columns * x.length() * side, 0.0);
+    setReal(part(), 45, rows * y.length(), 0.0);
+    return setScaleFactors(
+        {factors.sx * x.length() * side, factors.sy * y.length(), factors.sz * z.length()});
+}
+
+Acad::ErrorStatus AcDbTable::transformBy(const AcGeMatrix3d& map, AttributeText text)
+{
+    static constexpr host::MappedField kFields[] = {{11, host::FieldForm::direction}};
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status != Acad::eOk)
+        return status;
+    if (mapped.mirrors() || mapped.scale() != 1.0)
+        return Acad::eNotApplicable;
+    host::mapFields(*this, host::Subclass{"AcDbTable"}, kFields, mapped);
+    return AcDbBlockReference::transformBy(map, text);
 }
 
 bool AcDbMInsertBlock::strokes(host::StrokeSink& sink) const
@@ -146,6 +245,11 @@ bool AcDbMInsertBlock::strokes(host::StrokeSink& sink) const
         for (int column = 0; column < across && !sink.done(); column += columnStep)
             strokeContents(sink, right * (columnSpacing() * column) + up * (rowSpacing() * row));
     return strokeAttributes(sink);
+}
+
+Acad::ErrorStatus AcDbMInsertBlock::explode(std::vector<std::unique_ptr<AcDbEntity>>&) const
+{
+    return Acad::eNotApplicable;
 }
 
 std::span<const std::string_view> AcDbMInsertBlock::markers() const

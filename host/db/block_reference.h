@@ -49,14 +49,27 @@ public:
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal); // the position stays where it is
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
+    // The attributes go along. Axes that the map leaves at right angles may be scaled each by its
+    // own factor.
+    enum class AttributeText { mirrored, readable };
+    virtual Acad::ErrorStatus transformBy(const AcGeMatrix3d& map, AttributeText text);
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override
+    {
+        return transformBy(map, AttributeText::mirrored);
+    }
     std::string recordName() const override { return "INSERT"; }
     std::span<const std::string_view> markers() const override;
 
 protected:
     // The marker that the record uses: that of a rectangular array replaces the plain one.
     const host::Subclass& part() const;
+    double columnStep() const { return real(part(), 44, 0.0); } // of an array
     void strokeContents(host::StrokeSink& sink, const AcGeVector3d& offset) const;
     bool strokeAttributes(host::StrokeSink& sink) const;
+
+private:
+    Acad::ErrorStatus stretch(const AcGeMatrix3d& map);
 };
 
 // A rectangular array of references in one record.
@@ -67,10 +80,12 @@ public:
 
     int columns() const { return integer(part(), 70, 1); }
     int rows() const { return integer(part(), 71, 1); }
-    double columnSpacing() const { return real(part(), 44, 0.0); } // along the rotated axes
+    double columnSpacing() const { return columnStep(); } // along the rotated axes
     double rowSpacing() const { return real(part(), 45, 0.0); }
 
     bool strokes(host::StrokeSink& sink) const override;
+    // An array is not to be exploded.
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
     std::span<const std::string_view> markers() const override;
 };
 
@@ -79,6 +94,9 @@ class AcDbTable : public AcDbBlockReference {
     ACRX_DECLARE_MEMBERS(AcDbTable)
 public:
     AcDbTable() = default;
+    // Moves and turns it; its cells are of the size that its block shows.
+    using AcDbBlockReference::transformBy;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map, AttributeText text) override;
     std::string recordName() const override { return "ACAD_TABLE"; }
     std::span<const std::string_view> markers() const override;
 };

@@ -5,6 +5,7 @@
 #include "host/db/drawing.h"
 #include "host/db/entity.h"
 #include "host/db/object_pointer.h"
+#include "host/db/sequence.h"
 #include "host/db/symbol_names.h"
 #include "host/text/case_mapping.h"
 
@@ -20,6 +21,8 @@ using host::TagList;
 namespace {
 
 constexpr int kUnits = 70;
+constexpr int kExplodable = 280;
+constexpr int kScaling = 281;
 constexpr int kLayout = 340;
 constexpr int kPaperSpaceCode = 67;
 constexpr int kLayoutNameCode = 410;
@@ -240,7 +243,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
     block.record = stubNumber();
     block.entities.push_back(entity->stubNumber());
     id = entity->objectId();
-    return Acad::eOk;
+    return host::hangNewChildren(*entity);
 }
 
 Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbEntity* entity)
@@ -283,6 +286,21 @@ int AcDbBlockTableRecord::blockInsertUnits() const
 Acad::ErrorStatus AcDbBlockTableRecord::setBlockInsertUnits(int units)
 {
     return units == blockInsertUnits() ? Acad::eOk : setInteger(part(), kUnits, units, -1);
+}
+
+AcDbBlockTableRecord::BlockScaling AcDbBlockTableRecord::blockScaling() const
+{
+    return integer(part(), kScaling, kAny) == kUniform ? kUniform : kAny;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::setBlockScaling(BlockScaling scaling)
+{
+    return setInteger(part(), kScaling, scaling, kAny);
+}
+
+bool AcDbBlockTableRecord::explodable() const
+{
+    return integer(part(), kExplodable, 1) != 0;
 }
 
 AcDbObjectId AcDbBlockTableRecord::getLayoutId() const

@@ -47,6 +47,11 @@ public:
     // 70 of the record; in files without it the units of its extended data, else 0.
     int blockInsertUnits() const;
     Acad::ErrorStatus setBlockInsertUnits(int units);
+    // Whether references may be scaled by axis or by one factor only (281).
+    enum BlockScaling { kAny = 0, kUniform = 1 };
+    BlockScaling blockScaling() const;
+    Acad::ErrorStatus setBlockScaling(BlockScaling scaling);
+    bool explodable() const; // by the user's command (280); yes where the file says nothing
     AcDbObjectId getLayoutId() const;
     // The dynamic block that an anonymous one stands for; null id when it stands for none.
     AcDbObjectId dynamicDefinition() const;

@@ -1,6 +1,7 @@
 #include "host/db/circle.h"
 
 #include "host/db/thickness.h"
+#include "host/db/transforming.h"
 
 using host::kCirclePart;
 
@@ -43,6 +44,21 @@ bool AcDbCircle::strokes(host::StrokeSink& sink) const
     const host::Arc3d whole = host::Arc3d::circle(host::planePoint(tags(), kCirclePart, 10),
                                                   radius(), AcGeMatrix3d::arbitraryAxes(up));
     return host::strokeThick(sink, up, thickness(), [&](host::StrokeSink& to) { to.arc(whole); });
+}
+
+Acad::ErrorStatus AcDbCircle::transformBy(const AcGeMatrix3d& map)
+{
+    static constexpr host::MappedField kFields[] = {{10, host::FieldForm::planePoint},
+                                                    {39, host::FieldForm::length},
+                                                    {40, host::FieldForm::length}};
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    host::mapFields(*this, kCirclePart, kFields, mapped);
+    host::mapNormal(*this, kCirclePart, mapped);
+    return Acad::eOk;
 }
 
 std::span<const std::string_view> AcDbCircle::markers() const

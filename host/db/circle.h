@@ -33,6 +33,7 @@ public:
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal); // the centre stays where it is
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "CIRCLE"; }
     std::span<const std::string_view> markers() const override;
 };

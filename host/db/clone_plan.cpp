@@ -34,6 +34,13 @@ bool isSpaceName(std::wstring_view name)
     return lower == L"*model_space" || lower.starts_with(L"*paper_space");
 }
 
+// The anonymous blocks of dimensions and tables: what they show goes with one entity.
+bool showsOneEntity(std::wstring_view name)
+{
+    const std::wstring lower = lowerCased(name.substr(0, 2));
+    return lower == L"*d" || lower == L"*t";
+}
+
 // The file of a shape file's record, which has no name.
 std::wstring shapeFileOf(Drawing& drawing, std::uint32_t stub)
 {
@@ -121,6 +128,31 @@ void ClonePlan::followAll()
 {
     for (std::size_t place = 0; place < items_.size(); ++place)
         follow(place);
+    if (!isWithin())
+        return;
+    const std::size_t planned = items_.size();
+    for (std::size_t place = 0; place < planned; ++place)
+        if (items_[place].isCopy())
+            followReactors(items_[place].original);
+}
+
+// Pictures, for one, name those who show them.
+void ClonePlan::followReactors(std::uint32_t original)
+{
+    const std::shared_ptr<const TagList> tags = from_.tagsOf(original);
+    for (const Reference& reference : referencesOf(*tags)) {
+        if (reference.kind != ReferenceKind::hardPointer)
+            continue;
+        const std::uint32_t target = from_.index.findHandle(tags->handle(reference.at));
+        if (!target || find(target) || (from_.index[target].flags & kHasReactors) == 0 ||
+            !isLiving(from_.index[target]))
+            continue;
+        const std::shared_ptr<const TagList> others = from_.tagsOf(target);
+        const TagRange group = recordHead(*others).reactors;
+        for (std::size_t i = group.first; i < group.last; ++i)
+            if ((*others)[i].code == 330 && isCopied(from_.index.findHandle(others->handle(i))))
+                addKnown(target, to_.id(target));
+    }
 }
 
 // ---- what that needs ----
@@ -183,13 +215,18 @@ void ClonePlan::followBlock(std::uint32_t original)
 
 void ClonePlan::visitName(std::string_view table, std::wstring_view name)
 {
-    if (!name.empty())
-        visit(findSymbol(from_, table, name).stubNumber());
+    if (name.empty())
+        return;
+    const std::uint32_t target = findSymbol(from_, table, name).stubNumber();
+    if (!isWithin())
+        visit(target);
+    else if (target && table == kBlocks && showsOneEntity(name) && !find(target))
+        add({.original = target, .role = CloneRole::block});
 }
 
 void ClonePlan::visit(std::uint32_t target)
 {
-    if (!target || find(target))
+    if (!target || find(target) || isWithin())
         return;
     const Stub& stub = from_.index[target];
     const std::string_view type = from_.index.types().name(stub.type);
@@ -380,12 +417,20 @@ AcDbObjectId ClonePlan::ownEntry(std::uint32_t original)
     return key.empty() ? AcDbObjectId() : dictionaryEntry(to_, dictionary.stubNumber(), key);
 }
 
+bool ClonePlan::isCopied(std::uint32_t original) const
+{
+    const auto place = places_.find(original);
+    return place != places_.end() && items_[place->second].isCopy();
+}
+
 AcDbObjectId ClonePlan::resultOf(std::uint32_t original)
 {
     if (!original)
         return {};
     if (const CloneItem* const item = find(original))
         return item->result;
+    if (isWithin())
+        return isLiving(from_.index[original]) ? to_.id(original) : AcDbObjectId();
     const std::string_view type = from_.index.types().name(from_.index[original].type);
     if (symbolKind(type))
         return ownSymbol(type, original);

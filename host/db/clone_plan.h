@@ -34,8 +34,9 @@ struct CloneItem {
 };
 
 // Finds what has to be copied for some objects to come whole into another drawing, and what of it
-// that drawing has. Items are in an order in which they can be made: what they hang under first,
-// and the entities of a block in theirs.
+// that drawing has. Within one drawing only what is asked for is copied, with what it owns and the
+// blocks that show dimensions and tables; all else stands for itself. Items are in an order in
+// which they can be made: what they hang under first, and the entities of a block in theirs.
 class ClonePlan {
 public:
     ClonePlan(Drawing& from, Drawing& to, AcDb::DuplicateRecordCloning duplicates)
@@ -52,6 +53,8 @@ public:
     std::vector<CloneItem>& items() { return items_; }
     // What a reference to the original becomes; null for what stays behind.
     AcDbObjectId resultOf(std::uint32_t original);
+    bool isCopied(std::uint32_t original) const;
+    bool isWithin() const { return &from_ == &to_; }
 
 private:
     CloneItem* find(std::uint32_t original);
@@ -62,6 +65,8 @@ private:
     void followBlock(std::uint32_t original);
     void visit(std::uint32_t target);
     void visitName(std::string_view table, std::wstring_view name);
+    // What refers to copied objects in turn has to hear of the copies.
+    void followReactors(std::uint32_t original);
     void visitSymbol(std::uint32_t target);
     void visitEntity(std::uint32_t target);
     void visitObject(std::uint32_t target);

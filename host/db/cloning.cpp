@@ -3,6 +3,7 @@
 #include "host/db/clone_contents.h"
 #include "host/db/clone_plan.h"
 #include "host/db/dictionary.h"
+#include "host/db/hatch.h"
 #include "host/db/id_mapping.h"
 #include "host/db/layout.h"
 #include "host/db/references.h"
@@ -82,6 +83,7 @@ private:
     }
 
     void borrowClass(std::uint32_t original);
+    bool keepsShapeElsewhere(std::uint32_t original) const;
     Acad::ErrorStatus make(CloneItem& item);
     Acad::ErrorStatus put(const CloneItem& item, AcDbObject& copy);
     Acad::ErrorStatus putSymbol(const CloneItem& item, AcDbObject& copy);
@@ -91,6 +93,8 @@ private:
     void finish(const CloneItem& item);
     void mapReferences(AcDbObject& object, bool ownersToo);
     void mapName(AcDbObject& object, const Reference& reference);
+    bool losesSource(const AcDbObject& object, const Reference& reference,
+                     std::uint32_t original) const;
     void takeGroups(const CloneItem& item, AcDbObject& object);
     void takeReactors(const CloneItem& item, AcDbObject& object);
 
@@ -106,7 +110,7 @@ private:
 void Cloner::borrowClass(std::uint32_t original)
 {
     const std::string_view type = from_.index.types().name(from_.index[original].type);
-    if (to_.borrowedClasses.contains(type))
+    if (plan_.isWithin() || to_.borrowedClasses.contains(type))
         return;
     for (const host::SectionPlace& section : from_.sections)
         for (std::uint32_t i = section.first + 1; section.name == "CLASSES" && i < section.end;
@@ -123,10 +127,25 @@ void Cloner::borrowClass(std::uint32_t original)
         to_.borrowedClasses.emplace(type, borrowed->second.inSource(to_.source));
 }
 
+// From R2013 on the shape of a modeller's body stands in a section of its own, in a schema that
+// other drawings number otherwise. A body without its shape would be a broken one.
+bool Cloner::keepsShapeElsewhere(std::uint32_t original) const
+{
+    constexpr host::Subclass kBody{"AcDbModelerGeometry"};
+    constexpr int kShapeText = 1;
+    const std::shared_ptr<const TagList> tags = from_.tagsOf(original);
+    const auto isShapes = [](const host::SectionPlace& place) { return place.name == "ACDSDATA"; };
+    return tags->find(100, kBody.marker) != TagList::npos &&
+           host::findField(*tags, kBody, kShapeText) == TagList::npos &&
+           std::any_of(from_.sections.begin(), from_.sections.end(), isShapes);
+}
+
 // ---- making ----
 
 Acad::ErrorStatus Cloner::make(CloneItem& item)
 {
+    if (keepsShapeElsewhere(item.original))
+        return Acad::eNotApplicable;
     std::unique_ptr<AcDbObject> copy = copyOf(item.original);
     if (!copy)
         return Acad::eNotThatKindOfClass;
@@ -303,12 +322,21 @@ void Cloner::mapReferences(AcDbObject& object, bool ownersToo)
         const std::uint64_t handle = object.tags().handle(reference->at);
         if (handle == 0 || (owner && !ownersToo))
             continue;
-        const AcDbObjectId result = plan_.resultOf(from_.index.findHandle(handle));
-        if (result.isNull())
+        const std::uint32_t original = from_.index.findHandle(handle);
+        const AcDbObjectId result = plan_.resultOf(original);
+        if (result.isNull() || losesSource(object, *reference, original))
             object.loseReference(reference->at);
         else
             object.tagsForWrite().setHandle(reference->at, result.handle().value());
     }
+}
+
+// A hatch is no longer bound to a boundary that it was copied without.
+bool Cloner::losesSource(const AcDbObject& object, const Reference& reference,
+                         std::uint32_t original) const
+{
+    return plan_.isWithin() && AcDbHatch::cast(&object) &&
+           object.tags()[reference.at].code == 330 && !plan_.isCopied(original);
 }
 
 void Cloner::mapName(AcDbObject& object, const Reference& reference)
@@ -384,6 +412,27 @@ void orderTabs(const std::vector<CloneItem>& items, Drawing& drawing)
     }
 }
 
+Acad::ErrorStatus cloneObjects(Drawing& from, Drawing& to, const std::vector<AcDbObjectId>& ids,
+                               AcDbObjectId owner, AcDbIdMapping& mapping,
+                               AcDb::DuplicateRecordCloning duplicates)
+{
+    {
+        AcDbObjectPointer<AcDbObject> free(owner, AcDb::kForWrite);
+        if (free.openStatus() != Acad::eOk)
+            return free.openStatus();
+    }
+    host::ClonePlan plan(from, to, duplicates);
+    for (const AcDbObjectId id : ids)
+        if (!plan.addPrimary(id.stubNumber(), owner))
+            return Acad::eInvalidInput;
+    plan.followAll();
+    const Acad::ErrorStatus status = Cloner(from, to, plan).run();
+    orderTabs(plan.items(), to);
+    for (const CloneItem& item : plan.items())
+        mapping.assign({from.id(item.original), item.result, item.isCopy(), item.primary});
+    return status;
+}
+
 } // namespace
 
 Acad::ErrorStatus AcDbDatabase::wblockCloneObjects(const std::vector<AcDbObjectId>& ids,
@@ -401,20 +450,17 @@ Acad::ErrorStatus AcDbDatabase::wblockCloneObjects(const std::vector<AcDbObjectI
             return id.database() != other || id.isErased();
         }))
         return Acad::eInvalidInput;
-    {
-        AcDbObjectPointer<AcDbObject> free(owner, AcDb::kForWrite);
-        if (free.openStatus() != Acad::eOk)
-            return free.openStatus();
-    }
-    host::ClonePlan plan(other->drawing(), *drawing_, duplicates);
-    for (const AcDbObjectId id : ids)
-        if (!plan.addPrimary(id.stubNumber(), owner))
-            return Acad::eInvalidInput;
-    plan.followAll();
-    const Acad::ErrorStatus status = Cloner(other->drawing(), *drawing_, plan).run();
-    orderTabs(plan.items(), *drawing_);
-    for (const CloneItem& item : plan.items())
-        mapping.assign(
-            {other->drawing().id(item.original), item.result, item.isCopy(), item.primary});
-    return status;
+    return cloneObjects(other->drawing(), *drawing_, ids, owner, mapping, duplicates);
+}
+
+Acad::ErrorStatus AcDbDatabase::deepCloneObjects(const std::vector<AcDbObjectId>& ids,
+                                                 AcDbObjectId owner, AcDbIdMapping& mapping)
+{
+    if (owner.database() != this || owner.isErased() ||
+        !owner.objectClass()->isDerivedFrom(AcDbBlockTableRecord::desc()))
+        return Acad::eInvalidInput;
+    if (std::any_of(ids.begin(), ids.end(),
+                    [&](AcDbObjectId id) { return id.database() != this || id.isErased(); }))
+        return Acad::eInvalidInput;
+    return cloneObjects(*drawing_, *drawing_, ids, owner, mapping, AcDb::kDrcIgnore);
 }

@@ -110,10 +110,18 @@ public:
     // null. Handles are new; the form and the version are this drawing's. The mapping, when given,
     // gets a pair for each object met. eInvalidInput for another rule, an owner that is of another
     // kind or in another database, and ids of several databases or of this one; the status of
-    // opening the owner, which nobody may have open.
+    // opening the owner, which nobody may have open; eNotApplicable when a modeller's body was left
+    // out, whose shape is kept beside the objects.
     Acad::ErrorStatus wblockCloneObjects(const std::vector<AcDbObjectId>& ids, AcDbObjectId owner,
                                          AcDbIdMapping& mapping,
                                          AcDb::DuplicateRecordCloning duplicates);
+
+    // Copies entities of this drawing into a block of it, with all that they own: extension
+    // dictionaries and records, vertices, attributes, the blocks that dimensions and tables show.
+    // References between them lead to the copies, others to where they led. eInvalidInput for an
+    // owner that is no block and for ids of other databases; the rest as above.
+    Acad::ErrorStatus deepCloneObjects(const std::vector<AcDbObjectId>& ids, AcDbObjectId owner,
+                                       AcDbIdMapping& mapping);
 
     // Takes a linetype of a linetype file into the drawing; a name with wildcards takes all that
     // match and that the drawing lacks. A file by its bare name is looked for in the support

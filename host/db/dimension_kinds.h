@@ -119,6 +119,7 @@ public:
 
 protected:
     host::DimensionKind kind() const override { return host::DimensionKind::angular2Line; }
+    bool measuresAngle() const override { return true; }
 };
 
 // The angle between two places, seen from a third.
@@ -149,6 +150,7 @@ public:
 
 protected:
     host::DimensionKind kind() const override { return host::DimensionKind::angular3Point; }
+    bool measuresAngle() const override { return true; }
 };
 
 // The length of an arc.
@@ -172,6 +174,24 @@ public:
     {
         return setPoint(host::kArcDimensionPart, 15, p);
     }
+    bool isPartial() const { return integer(host::kArcDimensionPart, 70, 0) != 0; }
+    bool hasLeader() const { return integer(host::kArcDimensionPart, 71, 0) != 0; }
+    AcGePoint3d leader1Point() const { return place(host::kArcDimensionPart, 16); }
+    AcGePoint3d leader2Point() const { return place(host::kArcDimensionPart, 17); }
+    // A part of an arc; angles of the part from the x axis, in radians.
+    Acad::ErrorStatus setPartial(bool on, double start, double end)
+    {
+        setInteger(host::kArcDimensionPart, 70, on, -1);
+        setReal(host::kArcDimensionPart, 40, start, host::kRequired);
+        return setReal(host::kArcDimensionPart, 41, end, host::kRequired);
+    }
+    // From the first point, at the text, to the second one on the arc.
+    Acad::ErrorStatus setLeader(bool on, const AcGePoint3d& from, const AcGePoint3d& to)
+    {
+        setInteger(host::kArcDimensionPart, 71, on, -1);
+        setPoint(host::kArcDimensionPart, 16, from);
+        return setPoint(host::kArcDimensionPart, 17, to);
+    }
     AcGePoint3d arcPoint() const { return place(host::kDimensionPart, 10); }
     Acad::ErrorStatus setArcPoint(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
@@ -193,6 +213,11 @@ public:
     {
         return setPoint(host::kDiametricDimensionPart, 15, p);
     }
+    double leaderLength() const { return real(host::kDiametricDimensionPart, 40, 0.0); }
+    Acad::ErrorStatus setLeaderLength(double length) // from the circle to the text
+    {
+        return setReal(host::kDiametricDimensionPart, 40, length, host::kRequired);
+    }
     AcGePoint3d farChordPoint() const { return place(host::kDimensionPart, 10); }
     Acad::ErrorStatus setFarChordPoint(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
@@ -212,6 +237,11 @@ public:
     Acad::ErrorStatus setChordPoint(const AcGePoint3d& p)
     {
         return setPoint(host::kRadialDimensionPart, 15, p);
+    }
+    double leaderLength() const { return real(host::kRadialDimensionPart, 40, 0.0); }
+    Acad::ErrorStatus setLeaderLength(double length) // from the circle to the text
+    {
+        return setReal(host::kRadialDimensionPart, 40, length, host::kRequired);
     }
     AcGePoint3d center() const { return place(host::kDimensionPart, 10); }
     Acad::ErrorStatus setCenter(const AcGePoint3d& p) { return setDefinitionPoint(p); }
@@ -243,6 +273,10 @@ public:
     {
         return setPoint(host::kRadialDimensionLargePart, 15, p);
     }
+    Acad::ErrorStatus setJogAngle(double angle)
+    {
+        return setReal(host::kRadialDimensionLargePart, 40, angle, host::kRequired);
+    }
     AcGePoint3d center() const { return place(host::kDimensionPart, 10); }
     Acad::ErrorStatus setCenter(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 
@@ -270,6 +304,7 @@ public:
         return setPoint(host::kOrdinateDimensionPart, 14, p);
     }
     bool isUsingXAxis() const { return flag(host::kDimensionPart, 70, 64); }
+    Acad::ErrorStatus setUsingXAxis(bool on) { return setKindFlag(64, on); }
     AcGePoint3d origin() const { return place(host::kDimensionPart, 10); }
     Acad::ErrorStatus setOrigin(const AcGePoint3d& p) { return setDefinitionPoint(p); }
 

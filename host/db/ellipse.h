@@ -36,6 +36,10 @@ public:
     host::Arc3d geometry() const;
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "ELLIPSE"; }
     std::span<const std::string_view> markers() const override;
+
+private:
+    Acad::ErrorStatus skew(const AcGeMatrix3d& map); // by a map of several scales
 };

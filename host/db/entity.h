@@ -5,6 +5,8 @@
 #include "host/geom/extents.h"
 #include "host/geom/matrix.h"
 
+#include <utility>
+
 namespace host {
 class StrokeSink;
 }
@@ -45,6 +47,17 @@ public:
     AcDb::Visibility visibility() const;
     Acad::ErrorStatus setVisibility(AcDb::Visibility visibility);
 
+    // Vertices or attributes of an entity outside of a database; they join a database with it.
+    const std::vector<std::unique_ptr<AcDbEntity>>& newChildren() const { return newChildren_; }
+    void addNewChild(std::unique_ptr<AcDbEntity> child)
+    {
+        newChildren_.push_back(std::move(child));
+    }
+    std::vector<std::unique_ptr<AcDbEntity>> takeNewChildren()
+    {
+        return std::exchange(newChildren_, {});
+    }
+
     // The block record that holds it.
     AcDbObjectId blockId() const;
 
@@ -64,6 +77,9 @@ public:
 protected:
     AcDbEntity() = default;
     void subErase(bool erasing) override;
+
+private:
+    std::vector<std::unique_ptr<AcDbEntity>> newChildren_;
 };
 
 class AcDbCurve : public AcDbEntity {

@@ -1,5 +1,6 @@
 #include "host/db/face.h"
 
+#include "host/db/transforming.h"
 #include "host/geom/stroke_sink.h"
 
 #include <array>
@@ -34,6 +35,21 @@ bool AcDbFace::strokes(host::StrokeSink& sink) const
             sink.segment(corners[i], corners[next]);
     }
     return true;
+}
+
+Acad::ErrorStatus AcDbFace::transformBy(const AcGeMatrix3d& map)
+{
+    static constexpr host::MappedField kFields[] = {{10, host::FieldForm::point},
+                                                    {11, host::FieldForm::point},
+                                                    {12, host::FieldForm::point},
+                                                    {13, host::FieldForm::point}};
+    const host::PlaneMap mapped(map);
+    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    host::mapFields(*this, kFacePart, kFields, mapped);
+    return Acad::eOk;
 }
 
 std::span<const std::string_view> AcDbFace::markers() const

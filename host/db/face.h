@@ -23,8 +23,14 @@ public:
     {
         return !flag(host::kFacePart, 70, 1 << corner);
     }
+    Acad::ErrorStatus makeEdgeInvisibleAt(int corner) // eInvalidIndex
+    {
+        return corner < 0 || corner > 3 ? Acad::eInvalidIndex
+                                        : setFlag(host::kFacePart, 70, 1 << corner, true);
+    }
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "3DFACE"; }
     std::span<const std::string_view> markers() const override;
 };

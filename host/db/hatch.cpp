@@ -1,6 +1,7 @@
 #include "host/db/hatch.h"
 
 #include "host/db/angle.h"
+#include "host/db/exploding.h"
 #include "host/db/reading.h"
 #include "host/db/symbol_tables.h"
 #include "host/geom/stroke_sink.h"
@@ -498,6 +499,30 @@ bool AcDbHatch::strokes(host::StrokeSink& sink) const
     }
     host::strokePattern(sink, patternLines(), outlines, plane);
     return true;
+}
+
+namespace {
+
+// A pattern that is too dense comes as its closed outlines.
+class PatternParts : public host::PartSink {
+public:
+    using PartSink::PartSink;
+    void polyline(std::span<const AcGePoint3d> points, bool closed) override
+    {
+        if (!closed)
+            PartSink::polyline(points, closed);
+    }
+};
+
+} // namespace
+
+Acad::ErrorStatus AcDbHatch::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const
+{
+    if (isSolidFill() || isGradient())
+        return Acad::eNotApplicable;
+    PatternParts sink(*this, parts);
+    strokes(sink);
+    return sink.outcome();
 }
 
 std::span<const std::string_view> AcDbHatch::markers() const

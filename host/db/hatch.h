@@ -16,6 +16,8 @@ struct HatchParts {
 };
 HatchParts hatchParts(const TagList& tags, const Subclass& part);
 
+class PlaneMap;
+
 } // namespace host
 
 // An area filled with a pattern of lines, one colour, or a gradient. Boundaries lie in the plane of
@@ -63,6 +65,12 @@ public:
     Acad::ErrorStatus setElevation(double elevation);
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
     Acad::ErrorStatus setLoops(std::span<const host::HatchLoop> loops);
+    // One more path, taken from one entity of the drawing that is closed and lies in the hatch's
+    // plane: a polyline or a circle; eInvalidInput for anything else.
+    Acad::ErrorStatus appendLoop(int type, const std::vector<AcDbObjectId>& sources);
+    // Makes the record whole. The lines were laid when the pattern was set, and are cut when they
+    // are drawn. eInvalidInput without a path.
+    Acad::ErrorStatus evaluateHatch(bool underestimateNumLines = false);
     // Fills with a pattern of the pattern files, turned and scaled by the pattern's angle and
     // scale; SOLID fills. Predefined ones stand in acad.pat, or acadiso.pat for metric drawings
     // (the working one's measurement before the hatch is in a drawing), custom ones in NAME.pat; a
@@ -77,6 +85,8 @@ public:
     // A path's source goes, and the hatch is then no longer associative.
     void loseReference(std::size_t at) override;
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "HATCH"; }
     std::span<const std::string_view> markers() const override;
 
@@ -101,6 +111,7 @@ protected:
 
 private:
     void completeParts();
+    void mapPattern(const host::PlaneMap& map);
     Acad::ErrorStatus writePattern(HatchPatternType type, std::wstring_view name, bool solid,
                                    std::span<const host::PatternLine> lines);
 };

@@ -20,7 +20,8 @@ struct PatternLine {
 };
 
 // Draws a pattern, as a hatch keeps it, inside outlines in the world (even-odd). A pattern that is
-// too dense to be told from a fill, and one without lines, shows its outlines instead.
+// too dense to be told from a fill, and one without lines, shows its outlines instead, as closed
+// polylines.
 void strokePattern(StrokeSink& sink, std::span<const PatternLine> lines,
                    std::span<const Outline> outlines, const AcGeMatrix3d& plane);
 

@@ -2,6 +2,7 @@
 
 #include "host/db/angle.h"
 #include "host/db/entity_fields.h"
+#include "host/db/transforming.h"
 
 #include <algorithm>
 #include <cmath>
@@ -268,7 +269,73 @@ private:
     std::size_t at_;
 };
 
+// What the codes of a path mean: of one that is a polyline, and by the type of an edge.
+constexpr MappedField kPolylineFields[] = {{10, FieldForm::flatPoint}, {42, FieldForm::bulge}};
+constexpr MappedField kLineFields[] = {{10, FieldForm::flatPoint}, {11, FieldForm::flatPoint}};
+constexpr MappedField kArcFields[] = {{10, FieldForm::flatPoint}, {40, FieldForm::length}};
+constexpr MappedField kEllipseFields[] = {{10, FieldForm::flatPoint}, {11, FieldForm::flatVector}};
+constexpr MappedField kSplineFields[] = {{10, FieldForm::flatPoint},
+                                         {11, FieldForm::flatPoint},
+                                         {12, FieldForm::flatVector},
+                                         {13, FieldForm::flatVector}};
+constexpr std::span<const MappedField> kEdgeFields[] = {
+    {}, kLineFields, kArcFields, kEllipseFields, kSplineFields};
+
+void setIfOther(TagWriter& object, std::size_t at, double value)
+{
+    if (object.tags().real(at) != value)
+        object.tagsForWrite().setReal(at, value);
+}
+
+// Angles run in the edge's own direction, which a mirroring reverses; those of an ellipse count
+// from its axis.
+void mapDirections(TagWriter& object, TagRange edge, bool circular, const PlaneMap& map)
+{
+    const std::size_t first = object.tags().find(50, edge.first, edge.last);
+    const std::size_t last = object.tags().find(51, edge.first, edge.last);
+    const std::size_t sense = object.tags().find(73, edge.first, edge.last);
+    const bool forward = sense == TagList::npos || object.tags().integer(sense) != 0;
+    if (map.mirrors() && sense != TagList::npos)
+        object.tagsForWrite().setInteger(sense, !forward);
+    if (!circular || first == TagList::npos || last == TagList::npos)
+        return;
+    const double from = object.tags().real(first);
+    const double to = object.tags().real(last);
+    const double sweep = to - from;
+    if (map.turn() == 0.0 || std::abs(sweep) >= 360.0)
+        return;
+    const double turn = forward != map.mirrors() ? map.turn() : -map.turn();
+    const double begins = tidyDegrees(from + turn);
+    const double ends = tidyDegrees(to + turn);
+    setIfOther(object, first, begins);
+    setIfOther(object, last, sweep > 0.0 && ends < begins ? ends + 360.0 : ends);
+}
+
 } // namespace
+
+void mapHatchLoops(TagWriter& object, TagRange range, const PlaneMap& map)
+{
+    bool polyline = false;
+    for (std::size_t i = range.first; i < range.last;) {
+        const int code = object.tags()[i].code;
+        const std::int64_t type = code == 92 || code == 72 ? object.tags().integer(i) : 0;
+        if (code == 92)
+            polyline = (type & 2) != 0;
+        std::size_t end = i + 1;
+        while (end < range.last && object.tags()[end].code != 92 &&
+               (polyline || object.tags()[end].code != 72))
+            ++end;
+        const TagRange piece{i + 1, end};
+        if (polyline) {
+            mapFields(object, piece, kPolylineFields, map);
+        } else if (code == 72 && type >= kLineEdge && type <= kSplineEdge) {
+            mapFields(object, piece, kEdgeFields[type], map);
+            if (type == kArcEdge || type == kEllipseEdge)
+                mapDirections(object, piece, type == kArcEdge, map);
+        }
+        i = end;
+    }
+}
 
 Outline HatchLoop::outline(const AcGeMatrix3d& plane, double elevation, double chordTolerance) const
 {

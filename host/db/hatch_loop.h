@@ -50,6 +50,10 @@ struct HatchLoop {
 // path. Paths that are cut short keep what there is.
 std::vector<HatchLoop> readHatchLoops(const TagList& tags, TagRange range);
 
+// Maps the paths in place; sources and numbers stay.
+class PlaneMap;
+void mapHatchLoops(TagWriter& object, TagRange range, const PlaneMap& map);
+
 // Inserts the paths from `at` on; answers the place behind them.
 std::size_t writeHatchLoops(TagList& tags, std::size_t at, std::span<const HatchLoop> loops);
 

@@ -20,6 +20,8 @@ public:
     double turns() const { return real(host::kHelixPart, 41, 3.0); }
     double turnHeight() const { return real(host::kHelixPart, 42, 1.0); }
 
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
     std::string recordName() const override { return "HELIX"; }
     std::span<const std::string_view> markers() const override;
 };

@@ -1,5 +1,6 @@
 #include "host/db/image.h"
 
+#include "host/db/transforming.h"
 #include "host/geom/extents.h"
 #include "host/geom/stroke_sink.h"
 
@@ -45,6 +46,19 @@ bool AcDbRasterImage::strokes(host::StrokeSink& sink) const
 {
     sink.polyline(frame(), true);
     return true;
+}
+
+Acad::ErrorStatus AcDbRasterImage::transformBy(const AcGeMatrix3d& map)
+{
+    static constexpr host::MappedField kFields[] = {
+        {10, host::FieldForm::point}, {11, host::FieldForm::vector}, {12, host::FieldForm::vector}};
+    const host::PlaneMap mapped(map);
+    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    host::mapFields(*this, part(), kFields, mapped);
+    return Acad::eOk;
 }
 
 std::span<const std::string_view> AcDbRasterImage::markers() const

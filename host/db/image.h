@@ -28,6 +28,7 @@ public:
     std::vector<AcGePoint3d> frame() const; // the clip boundary, or the picture's own, in the world
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "IMAGE"; }
     std::span<const std::string_view> markers() const override;
 

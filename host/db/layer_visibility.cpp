@@ -12,6 +12,8 @@ constexpr std::wstring_view kLayerZero = L"0";
 constexpr std::int64_t kFrozenBit = 1;
 constexpr std::int64_t kLockedBit = 4;
 
+thread_local int unlockings = 0;
+
 LayerState readState(Drawing& drawing, std::uint32_t layerNumber)
 {
     LayerState state;
@@ -67,7 +69,17 @@ AcDbObjectId layerRecord(Drawing& drawing, std::uint32_t layerNumber)
 
 bool layerIsLocked(Drawing& drawing, std::uint32_t layerNumber)
 {
-    return layerState(drawing, layerNumber).locked;
+    return unlockings == 0 && layerState(drawing, layerNumber).locked;
+}
+
+LayersUnlocked::LayersUnlocked()
+{
+    ++unlockings;
+}
+
+LayersUnlocked::~LayersUnlocked()
+{
+    --unlockings;
 }
 
 std::wstring layerName(Drawing& drawing, std::uint32_t layerNumber)

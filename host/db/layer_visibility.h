@@ -38,6 +38,16 @@ LayerState layerState(Drawing& drawing, std::uint32_t layerNumber);
 AcDbObjectId layerRecord(Drawing& drawing, std::uint32_t layerNumber);
 bool layerIsLocked(Drawing& drawing, std::uint32_t layerNumber);
 
+// While one lives, no layer counts as locked: what belongs to an entity (attributes, vertices, the
+// block of a dimension) goes with it, whatever its own layer.
+class LayersUnlocked {
+public:
+    LayersUnlocked();
+    LayersUnlocked(const LayersUnlocked&) = delete;
+    LayersUnlocked& operator=(const LayersUnlocked&) = delete;
+    ~LayersUnlocked();
+};
+
 // The name as entities of the file write it.
 std::wstring writtenLayerName(const Drawing& drawing, std::uint32_t layerNumber);
 

@@ -25,8 +25,11 @@ public:
     std::vector<AcGePoint3d> vertices() const;
     Acad::ErrorStatus setDimensionStyle(AcDbObjectId style);
     Acad::ErrorStatus appendVertex(const AcGePoint3d& place);
+    Acad::ErrorStatus detachAnnotation();
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "LEADER"; }
     std::span<const std::string_view> markers() const override;
 };

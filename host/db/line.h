@@ -31,8 +31,10 @@ public:
     {
         return setReal(host::kLinePart, 39, value, 0.0);
     }
+    Acad::ErrorStatus setNormal(const AcGeVector3d& normal); // eInvalidInput for zero
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "LINE"; }
     std::span<const std::string_view> markers() const override;
 };

@@ -1,6 +1,8 @@
 #include "host/db/lwpolyline.h"
 
+#include "host/db/exploding.h"
 #include "host/db/thickness.h"
+#include "host/db/transforming.h"
 
 using host::BulgeVertex;
 using host::kPolylinePart;
@@ -214,6 +216,29 @@ bool AcDbPolyline::strokes(host::StrokeSink& sink) const
     return host::strokeThick(sink, up, thickness(), [&](host::StrokeSink& to) {
         host::strokeBulgePath(to, vertices(), isClosed(), elevation(), plane);
     });
+}
+
+Acad::ErrorStatus AcDbPolyline::transformBy(const AcGeMatrix3d& map)
+{
+    static constexpr host::MappedField kFields[] = {
+        {10, host::FieldForm::flatPoint}, {39, host::FieldForm::length},
+        {40, host::FieldForm::length},    {41, host::FieldForm::length},
+        {42, host::FieldForm::bulge},     {43, host::FieldForm::length}};
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    const double raised = (mapped.plane() * AcGePoint3d(0.0, 0.0, elevation())).z;
+    host::mapFields(*this, kPolylinePart, kFields, mapped);
+    setElevation(raised);
+    return mapped.normal() == mapped.oldNormal() ? Acad::eOk : setNormal(mapped.normal());
+}
+
+Acad::ErrorStatus AcDbPolyline::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const
+{
+    return host::explodeBulgePath(*this, vertices(), isClosed(),
+                                  {elevation(), thickness(), normal()}, parts);
 }
 
 std::span<const std::string_view> AcDbPolyline::markers() const

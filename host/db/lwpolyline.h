@@ -53,6 +53,8 @@ public:
     Acad::ErrorStatus removeVertexAt(unsigned index);
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "LWPOLYLINE"; }
     std::span<const std::string_view> markers() const override;
     host::TagList& tagsForWrite() override

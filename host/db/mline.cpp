@@ -2,7 +2,12 @@
 
 #include "host/db/angle.h"
 #include "host/db/database.h"
+#include "host/db/exploding.h"
+#include "host/db/reading.h"
+#include "host/db/style_objects.h"
+#include "host/db/transforming.h"
 #include "host/geom/stroke_sink.h"
+#include "host/text/case_mapping.h"
 
 #include <algorithm>
 #include <cmath>
@@ -236,6 +241,24 @@ void AcDbMline::writePath(const std::vector<AcGePoint3d>& path)
     }
 }
 
+Acad::ErrorStatus AcDbMline::transformBy(const AcGeMatrix3d& map)
+{
+    static constexpr host::MappedField kFields[] = {
+        {10, host::FieldForm::point},     {11, host::FieldForm::point},
+        {12, host::FieldForm::direction}, {13, host::FieldForm::direction},
+        {40, host::FieldForm::length},    {41, host::FieldForm::length},
+        {42, host::FieldForm::length}};
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    host::mapFields(*this, kMlinePart, kFields, mapped);
+    // the lines keep their order from one side to the other
+    const AcGeVector3d up = mapped.mirrors() ? -mapped.normal() : mapped.normal();
+    return up == mapped.oldNormal() ? Acad::eOk : setPoint(kMlinePart, 210, AcGePoint3d() + up);
+}
+
 bool AcDbMline::strokes(host::StrokeSink& sink) const
 {
     struct Vertex {
@@ -275,6 +298,70 @@ bool AcDbMline::strokes(host::StrokeSink& sink) const
         sink.polyline(points, closedMline());
     }
     return true;
+}
+
+namespace {
+
+class Paths : public host::StrokeSink {
+public:
+    void polyline(std::span<const AcGePoint3d> points, bool) override
+    {
+        paths.emplace_back(points.begin(), points.end());
+    }
+    std::vector<host::Outline> paths;
+};
+
+constexpr std::uint16_t kByLayer = 256;
+
+// How a style draws one of its lines; what it leaves to the layer or the block is the multiline's.
+struct StyleElement {
+    std::uint16_t color = kByLayer;
+    std::wstring linetype;
+
+    void apply(AcDbEntity& line) const
+    {
+        if (color != 0 && color != kByLayer)
+            line.setColorIndex(color);
+        if (!linetype.empty() && !host::equalNoCase(linetype, L"ByLayer") &&
+            !host::equalNoCase(linetype, L"ByBlock"))
+            line.setLinetype(linetype);
+    }
+};
+
+std::vector<StyleElement> elementsOf(AcDbObjectId style)
+{
+    std::vector<StyleElement> elements;
+    const host::Reading<AcDbMlineStyle> open(style);
+    if (!open)
+        return elements;
+    const TagList& tags = open->tags();
+    for (std::size_t i = 0; i < tags.size(); ++i) {
+        if (tags[i].code == 49)
+            elements.emplace_back();
+        else if (!elements.empty() && tags[i].code == 62)
+            elements.back().color = static_cast<std::uint16_t>(tags.integer(i));
+        else if (!elements.empty() && tags[i].code == 6)
+            elements.back().linetype = tags.text(i);
+    }
+    return elements;
+}
+
+} // namespace
+
+Acad::ErrorStatus AcDbMline::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const
+{
+    Paths drawn;
+    if (!strokes(drawn))
+        return Acad::eNotApplicable;
+    const std::vector<StyleElement> elements = elementsOf(style());
+    host::PartSink sink(*this, parts);
+    for (std::size_t i = 0; i < drawn.paths.size(); ++i) {
+        const std::size_t first = parts.size();
+        sink.polyline(drawn.paths[i], closedMline());
+        for (std::size_t at = first; at < parts.size() && i < elements.size(); ++at)
+            elements[i].apply(*parts[at]);
+    }
+    return sink.outcome();
 }
 
 std::span<const std::string_view> AcDbMline::markers() const

@@ -48,6 +48,8 @@ public:
     Acad::ErrorStatus appendSeg(const AcGePoint3d& vertex);
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "MLINE"; }
     std::span<const std::string_view> markers() const override;
 

@@ -51,6 +51,34 @@ Acad::ErrorStatus AcDbMPolygon::setPatternColor(const AcCmColor& color)
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbMPolygon::setRings(std::span<const host::HatchLoop> rings)
+{
+    constexpr int kVersion = 1;
+    constexpr int kByLayer = 256;
+    for (const host::HatchLoop& ring : rings)
+        if (!ring.isPolyline())
+            return Acad::eInvalidInput;
+    if (!isWriteEnabled())
+        return Acad::eNotOpenForWrite;
+    setHeadInteger(70, kVersion, -1);
+    setLoops(rings);
+    setSolidFill();
+    host::TagList& own = tagsForWrite();
+    const host::HatchParts parts = host::hatchParts(own, part());
+    // of a hatch only: seed points, the style, and where a path comes from
+    for (std::size_t i = parts.pattern.last; i-- > parts.loops.first;) {
+        static constexpr short kOfHatch[] = {75, 97, 98};
+        if (std::find(std::begin(kOfHatch), std::end(kOfHatch), own[i].code) != std::end(kOfHatch))
+            own.erase(i, i + 1);
+    }
+    std::size_t at = host::hatchParts(own, part()).pattern.last;
+    own.insertInteger(at++, 63, kByLayer);
+    own.insertReal(at++, 11, 0.0); // no offset
+    own.insertReal(at++, 21, 0.0);
+    own.insertInteger(at, 99, 0); // no ring without an area
+    return Acad::eOk;
+}
+
 std::span<const std::string_view> AcDbMPolygon::markers() const
 {
     static constexpr std::string_view kMarkers[] = {"AcDbEntity", "AcDbMPolygon"};

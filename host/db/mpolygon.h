@@ -18,7 +18,11 @@ public:
 
     AcCmColor patternColor() const; // by layer where the file has none
     Acad::ErrorStatus setPatternColor(const AcCmColor& color);
+    // Its rings, filled with the layer's colour until a pattern is set. eInvalidInput for paths
+    // that are not polylines.
+    Acad::ErrorStatus setRings(std::span<const host::HatchLoop> rings);
 
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
     std::string recordName() const override { return "MPOLYGON"; }
     std::span<const std::string_view> markers() const override;
 

@@ -1,9 +1,11 @@
 #include "host/db/mtext.h"
 
+#include "host/db/exploding.h"
 #include "host/db/mtext_contents.h"
 #include "host/db/reading.h"
 #include "host/db/symbol_names.h"
 #include "host/db/symbol_tables.h"
+#include "host/db/transforming.h"
 #include "host/geom/stroke_sink.h"
 #include "host/geom/text_strokes.h"
 
@@ -92,10 +94,20 @@ Acad::ErrorStatus AcDbMText::setRotation(double angle)
     const std::size_t at = directionTag(tags());
     if (at != TagList::npos && tags()[at].code == 50) {
         tagsForWrite().setReal(at, host::toDegrees(angle));
-        return Acad::eOk;
+    } else {
+        const AcGeVector3d along(std::cos(angle), std::sin(angle), 0.0);
+        setPoint(kMTextPart, 11, AcGePoint3d() + AcGeMatrix3d::arbitraryAxes(normal()) * along);
     }
-    const AcGeVector3d along(std::cos(angle), std::sin(angle), 0.0);
-    return setPoint(kMTextPart, 11, AcGePoint3d() + AcGeMatrix3d::arbitraryAxes(normal()) * along);
+    alignColumns();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbMText::setLocation(const AcGePoint3d& place)
+{
+    const Acad::ErrorStatus status = setPoint(kMTextPart, 10, place);
+    if (status == Acad::eOk)
+        alignColumns();
+    return status;
 }
 
 AcDbMText::AttachmentPoint AcDbMText::attachment() const
@@ -134,7 +146,12 @@ Acad::ErrorStatus AcDbMText::setTextHeight(double height)
 
 Acad::ErrorStatus AcDbMText::setWidth(double width)
 {
-    return width >= 0.0 ? setReal(kMTextPart, 41, width, 0.0) : Acad::eInvalidInput;
+    if (width < 0.0)
+        return Acad::eInvalidInput;
+    const Acad::ErrorStatus status = setReal(kMTextPart, 41, width, 0.0);
+    if (status == Acad::eOk)
+        alignColumns();
+    return status;
 }
 
 Acad::ErrorStatus AcDbMText::setAttachment(AttachmentPoint attachment)
@@ -174,6 +191,46 @@ Acad::ErrorStatus AcDbMText::setContents(std::wstring_view value)
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbMText::transformBy(const AcGeMatrix3d& map)
+{
+    using host::FieldForm;
+    static constexpr host::MappedField kFields[] = {
+        {10, FieldForm::point},  {11, FieldForm::direction}, {40, FieldForm::length},
+        {41, FieldForm::length}, {42, FieldForm::length},    {43, FieldForm::length},
+        {46, FieldForm::length}};
+    static constexpr host::MappedField kColumns[] = {
+        {10, FieldForm::direction}, {11, FieldForm::point},  {40, FieldForm::length},
+        {41, FieldForm::length},    {42, FieldForm::length}, {43, FieldForm::length},
+        {44, FieldForm::length},    {45, FieldForm::length}, {46, FieldForm::length}};
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    const AcGeVector3d before = direction();
+    const AcGeVector3d along = mapped.direction(before);
+    // mirrored letters are seen from behind
+    const AcGeVector3d up = mapped.mirrors() ? -mapped.normal() : mapped.normal();
+    host::mapFields(*this, kMTextPart, kFields, mapped);
+    if (up != mapped.oldNormal())
+        setPoint(kMTextPart, 210, AcGePoint3d() + up);
+    const std::size_t at = directionTag(tags());
+    if (at != TagList::npos && tags()[at].code == 50) {
+        const AcGeVector3d flat = AcGeMatrix3d::arbitraryAxes(up).inverse() * along;
+        const double now = tags().real(at);
+        const double angle = mapped.mirrors()
+                                 ? host::tidyDegrees(host::toDegrees(std::atan2(flat.y, flat.x)))
+                                 : mapped.degrees(now);
+        if (angle != now)
+            tagsForWrite().setReal(at, angle);
+    } else if (at == TagList::npos && (up != mapped.oldNormal() || !along.isEqualTo(before))) {
+        setPoint(kMTextPart, 11, AcGePoint3d() + along);
+    }
+    if (const std::size_t embedded = tags().find(101); embedded != TagList::npos)
+        host::mapFields(*this, {embedded + 1, host::dataEnd(tags())}, kColumns, mapped);
+    return Acad::eOk;
+}
+
 bool AcDbMText::strokes(host::StrokeSink& sink) const
 {
     const double letters = textHeight();
@@ -204,6 +261,14 @@ bool AcDbMText::strokes(host::StrokeSink& sink) const
         sink.textBox(box);
     }
     return true;
+}
+
+Acad::ErrorStatus AcDbMText::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const
+{
+    host::PartSink sink(*this, parts);
+    sink.setTextStyle(textStyle());
+    strokes(sink);
+    return sink.outcome();
 }
 
 std::span<const std::string_view> AcDbMText::markers() const

@@ -45,10 +45,7 @@ public:
     std::wstring contents() const; // with format codes
     std::wstring text() const;     // without, see host::plainText
 
-    Acad::ErrorStatus setLocation(const AcGePoint3d& p)
-    {
-        return setPoint(host::kMTextPart, 10, p);
-    }
+    Acad::ErrorStatus setLocation(const AcGePoint3d& p);
     Acad::ErrorStatus setRotation(double angle);
     Acad::ErrorStatus setTextHeight(double height); // eInvalidInput unless positive
     Acad::ErrorStatus setWidth(double width);       // eInvalidInput for a negative one
@@ -56,10 +53,21 @@ public:
     Acad::ErrorStatus setTextStyle(AcDbObjectId style); // eInvalidInput for an id that names none
     Acad::ErrorStatus setContents(std::wstring_view contents);
 
+    // Between its columns; 0 for a text without any.
+    Acad::ErrorStatus getColumnGutterWidth(double& width) const;
+    // One column that grows with the contents, or of a height that is told; eInvalidInput for a
+    // negative width.
+    Acad::ErrorStatus setDynamicColumns(double width, double gutter, bool autoHeight);
+
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "MTEXT"; }
     std::span<const std::string_view> markers() const override;
 
 private:
     using AcDbObject::text; // the field reader, beside the platform's text()
+    void embedColumns(double width, double gutter, bool autoHeight);
+    ResbufChain columnData(double width, double gutter, bool autoHeight) const;
+    void alignColumns(); // with the text's place, direction and width
 };

@@ -4,6 +4,7 @@
 #include "host/db/database.h"
 #include "host/db/dictionary.h"
 #include "host/db/entity.h"
+#include "host/db/erasing.h"
 #include "host/db/layer_visibility.h"
 #include "host/db/references.h"
 #include "host/db/symbol_names.h"
@@ -377,6 +378,11 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
     Stub& stub = drawing_->index[stub_];
     if (erasing == ((stub.flags & host::kErased) != 0))
         return Acad::eOk;
+    if (erasing) {
+        const Acad::ErrorStatus status = host::refusalToErase(*drawing_, stub_);
+        if (status != Acad::eOk)
+            return status;
+    }
     drawing_->undo.willChange(*drawing_, stub_);
     drawing_->noteChanged(stub_);
     if (erasing)
@@ -414,12 +420,7 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
 std::vector<AcDbObjectId> AcDbObject::hardOwned() const
 {
     std::vector<AcDbObjectId> owned;
-    for (const host::Reference& reference : host::referencesOf(tags())) {
-        if (reference.kind != host::ReferenceKind::hardOwner)
-            continue;
-        const AcDbObjectId id = idOfHandle(tags().handle(reference.at));
-        if (!id.isNull() && drawing_->index[id.stubNumber()].owner == stub_)
-            owned.push_back(id);
-    }
+    for (const std::uint32_t stub : host::hardOwnedBy(*drawing_, stub_))
+        owned.push_back(drawing_->id(stub));
     return owned;
 }

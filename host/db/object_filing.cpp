@@ -183,7 +183,12 @@ Acad::ErrorStatus AcDbObject::dxfOutFields(AcDbDxfFiler* filer) const
 
 std::unique_ptr<AcDbObject> AcDbObject::clone() const
 {
-    TagList own = withMarkers(tags().inSource(host::drawingFormat().scratchSource()), markers());
+    // the parts of an entity that has several are told where R12 is raised
+    const bool old = drawing_ && !host::hasMarkers(tags()) &&
+                     (drawing_->index[stub_].flags & (host::kEntity | host::kChild)) != 0 &&
+                     host::drawingFormat().isEntityOfR12(tags()[0].bytes());
+    const TagList whole = old ? host::drawingFormat().raisedRecord(*drawing_, stub_) : tags();
+    TagList own = withMarkers(whole.inSource(host::drawingFormat().scratchSource()), markers());
     own.erase(1, host::recordHead(own).end); // handle, groups and owner are the original's
     return withTags(*isA(), std::move(own));
 }

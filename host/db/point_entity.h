@@ -24,8 +24,13 @@ public:
     {
         return setPoint(host::kPointPart, 10, p);
     }
+    Acad::ErrorStatus setThickness(double value)
+    {
+        return setReal(host::kPointPart, 39, value, 0.0);
+    }
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "POINT"; }
     std::span<const std::string_view> markers() const override;
 };

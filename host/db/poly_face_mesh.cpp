@@ -1,5 +1,7 @@
 #include "host/db/poly_face_mesh.h"
 
+#include "host/db/exploding.h"
+#include "host/db/transforming.h"
 #include "host/db/vertex.h"
 
 #include <cstdlib>
@@ -32,6 +34,47 @@ bool AcDbPolyFaceMesh::strokes(host::StrokeSink& sink) const
         }
     }
     return true;
+}
+
+Acad::ErrorStatus AcDbPolyFaceMesh::transformBy(const AcGeMatrix3d& map)
+{
+    const host::PlaneMap mapped(map);
+    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    host::mapVertices(*this, mapped, host::VertexSpace::world);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbPolyFaceMesh::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const
+{
+    std::vector<AcGePoint3d> places;
+    host::PartSink sink(*this, parts);
+    for (const std::shared_ptr<const host::TagList>& child : host::childTags(*this)) {
+        if (host::integerInRecord(*child, 70, 0) & host::kMeshVertex) {
+            const std::size_t i = host::findInRecord(*child, 10);
+            places.push_back(i == host::TagList::npos ? AcGePoint3d() : host::pointAt(*child, i));
+            continue;
+        }
+        std::vector<AcGePoint3d> corners;
+        std::vector<bool> visible;
+        for (int code = 71; code <= 74; ++code) {
+            const std::int64_t number = host::integerInRecord(*child, code, 0);
+            const auto vertex = static_cast<std::size_t>(std::abs(number));
+            if (vertex == 0 || vertex > places.size())
+                continue;
+            corners.push_back(places[vertex - 1]);
+            visible.push_back(number > 0);
+        }
+        if (corners.size() == 1)
+            sink.point(corners[0]);
+        else if (corners.size() == 2)
+            sink.polyline(corners, false);
+        else
+            host::addFaces(sink, corners, visible);
+    }
+    return sink.outcome();
 }
 
 std::span<const std::string_view> AcDbPolyFaceMesh::markers() const

@@ -18,6 +18,8 @@ public:
     int numFaces() const { return integer(host::kPolyFaceMeshPart, 72, 0); }
 
     bool strokes(host::StrokeSink& sink) const override; // visible edges
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "POLYLINE"; }
     std::span<const std::string_view> markers() const override;
 };

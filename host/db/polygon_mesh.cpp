@@ -1,5 +1,7 @@
 #include "host/db/polygon_mesh.h"
 
+#include "host/db/exploding.h"
+#include "host/db/transforming.h"
 #include "host/db/vertex.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbPolygonMesh, AcDbEntity, "POLYLINE")
@@ -38,6 +40,37 @@ bool AcDbPolygonMesh::strokes(host::StrokeSink& sink) const
         sink.polyline(line, isMClosed());
     }
     return true;
+}
+
+Acad::ErrorStatus AcDbPolygonMesh::transformBy(const AcGeMatrix3d& map)
+{
+    const host::PlaneMap mapped(map);
+    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    host::mapVertices(*this, mapped, host::VertexSpace::world);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbPolygonMesh::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const
+{
+    const std::vector<AcGePoint3d> grid = vertices();
+    const int rows = mSize();
+    const int columns = nSize();
+    if (rows < 2 || columns < 2 ||
+        grid.size() < static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns))
+        return Acad::eNotApplicable;
+    const auto at = [&](int m, int n) {
+        return grid[static_cast<std::size_t>(m % rows * columns + n % columns)];
+    };
+    host::PartSink sink(*this, parts);
+    for (int m = 0; m < (isMClosed() ? rows : rows - 1); ++m)
+        for (int n = 0; n < (isNClosed() ? columns : columns - 1); ++n) {
+            const AcGePoint3d corners[] = {at(m, n), at(m, n + 1), at(m + 1, n + 1), at(m + 1, n)};
+            host::addFaces(sink, corners);
+        }
+    return sink.outcome();
 }
 
 std::span<const std::string_view> AcDbPolygonMesh::markers() const

@@ -23,6 +23,8 @@ public:
     std::vector<AcGePoint3d> vertices() const; // of the grid that is drawn
 
     bool strokes(host::StrokeSink& sink) const override; // false for a grid with vertices missing
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "POLYLINE"; }
     std::span<const std::string_view> markers() const override;
 };

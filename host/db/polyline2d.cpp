@@ -1,6 +1,8 @@
 #include "host/db/polyline2d.h"
 
+#include "host/db/exploding.h"
 #include "host/db/thickness.h"
+#include "host/db/transforming.h"
 #include "host/db/vertex.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDb2dPolyline, AcDbCurve, "POLYLINE")
@@ -47,6 +49,32 @@ bool AcDb2dPolyline::strokes(host::StrokeSink& sink) const
     return host::strokeThick(sink, up, thickness(), [&](host::StrokeSink& to) {
         host::strokeBulgePath(to, all, isClosed(), elevation(), plane);
     });
+}
+
+Acad::ErrorStatus AcDb2dPolyline::transformBy(const AcGeMatrix3d& map)
+{
+    static constexpr host::MappedField kFields[] = {{39, host::FieldForm::length},
+                                                    {40, host::FieldForm::length},
+                                                    {41, host::FieldForm::length}};
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    const AcGePoint3d dummy = host::planePoint(tags(), host::k2dPolylinePart, 10);
+    const double raised = (mapped.plane() * AcGePoint3d(0.0, 0.0, dummy.z)).z;
+    host::mapFields(*this, host::k2dPolylinePart, kFields, mapped);
+    if (raised != dummy.z)
+        setPoint(host::k2dPolylinePart, 10, {dummy.x, dummy.y, raised});
+    host::mapNormal(*this, host::k2dPolylinePart, mapped);
+    host::mapVertices(*this, mapped, host::VertexSpace::plane);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDb2dPolyline::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const
+{
+    return host::explodeBulgePath(*this, vertices(), isClosed(),
+                                  {elevation(), thickness(), normal()}, parts);
 }
 
 std::span<const std::string_view> AcDb2dPolyline::markers() const

@@ -40,6 +40,8 @@ public:
     }
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "POLYLINE"; }
     std::span<const std::string_view> markers() const override;
 };

@@ -1,5 +1,7 @@
 #include "host/db/polyline3d.h"
 
+#include "host/db/exploding.h"
+#include "host/db/transforming.h"
 #include "host/db/vertex.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDb3dPolyline, AcDbCurve, "POLYLINE")
@@ -41,6 +43,24 @@ bool AcDb3dPolyline::strokes(host::StrokeSink& sink) const
 {
     sink.polyline(vertices(), isClosed());
     return true;
+}
+
+Acad::ErrorStatus AcDb3dPolyline::transformBy(const AcGeMatrix3d& map)
+{
+    const host::PlaneMap mapped(map);
+    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    host::mapVertices(*this, mapped, host::VertexSpace::world);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDb3dPolyline::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const
+{
+    host::PartSink sink(*this, parts);
+    sink.polyline(vertices(), isClosed());
+    return sink.outcome();
 }
 
 std::span<const std::string_view> AcDb3dPolyline::markers() const

@@ -1,5 +1,6 @@
 #include "host/db/ray.h"
 
+#include "host/db/transforming.h"
 #include "host/geom/stroke_sink.h"
 
 using host::kInfiniteReach;
@@ -14,6 +15,14 @@ namespace {
 AcGeVector3d directionOf(const host::TagList& tags, const host::Subclass& part)
 {
     return host::vectorField(tags, part, 11).value_or(AcGeVector3d::kXAxis).normal();
+}
+
+void mapLine(host::TagWriter& line, const host::Subclass& part, const host::PlaneMap& map)
+{
+    static constexpr host::MappedField kFields[] = {{10, host::FieldForm::point},
+                                                    {11, host::FieldForm::direction}};
+    host::mapFields(line, part, kFields, map);
+    host::mapExtendedData(line, map);
 }
 
 } // namespace
@@ -34,6 +43,15 @@ bool AcDbRay::strokes(host::StrokeSink& sink) const
 {
     sink.segment(basePoint(), basePoint() + unitDir() * kInfiniteReach);
     return true;
+}
+
+Acad::ErrorStatus AcDbRay::transformBy(const AcGeMatrix3d& map)
+{
+    const host::PlaneMap mapped(map);
+    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
+    if (status == Acad::eOk)
+        mapLine(*this, kRayPart, mapped);
+    return status;
 }
 
 std::span<const std::string_view> AcDbRay::markers() const
@@ -60,6 +78,15 @@ bool AcDbXline::strokes(host::StrokeSink& sink) const
     const AcGePoint3d points[] = {basePoint() - reach, basePoint(), basePoint() + reach};
     sink.polyline(points, false);
     return true;
+}
+
+Acad::ErrorStatus AcDbXline::transformBy(const AcGeMatrix3d& map)
+{
+    const host::PlaneMap mapped(map);
+    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
+    if (status == Acad::eOk)
+        mapLine(*this, kXlinePart, mapped);
+    return status;
 }
 
 std::span<const std::string_view> AcDbXline::markers() const

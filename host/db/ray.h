@@ -28,6 +28,7 @@ public:
 
     Acad::ErrorStatus getGeomExtents(AcDbExtents&) const override { return Acad::eInvalidExtents; }
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "RAY"; }
     std::span<const std::string_view> markers() const override;
 };
@@ -48,6 +49,7 @@ public:
 
     Acad::ErrorStatus getGeomExtents(AcDbExtents&) const override { return Acad::eInvalidExtents; }
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "XLINE"; }
     std::span<const std::string_view> markers() const override;
 };

@@ -1,6 +1,7 @@
 #include "host/db/sequence.h"
 
 #include "host/db/database.h"
+#include "host/db/reading.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbSequenceEnd, AcDbEntity, "SEQEND")
 
@@ -21,6 +22,8 @@ std::vector<std::shared_ptr<const TagList>> childTags(const AcDbEntity& parent)
     if (Drawing* const drawing = parent.drawing())
         for (const std::uint32_t child : drawing->children(parent.stubNumber()))
             all.push_back(drawing->tagsOf(child));
+    for (const std::unique_ptr<AcDbEntity>& child : parent.newChildren())
+        all.push_back(std::make_shared<const TagList>(child->tags()));
     return all;
 }
 
@@ -63,6 +66,36 @@ Acad::ErrorStatus appendChild(AcDbEntity& parent, AcDbEntity& child)
     end.create();
     end->setLayer(parent.layer());
     return hang(*drawing, parent, *end);
+}
+
+Acad::ErrorStatus hangNewChildren(AcDbEntity& parent)
+{
+    for (std::unique_ptr<AcDbEntity>& child : parent.takeNewChildren()) {
+        AcDbObjectPointer<AcDbEntity> hung;
+        hung.acquire(child.release());
+        const Acad::ErrorStatus status = appendChild(parent, *hung);
+        if (status != Acad::eOk)
+            return status;
+    }
+    return Acad::eOk;
+}
+
+std::unique_ptr<AcDbEntity> copyWithChildren(const AcDbEntity& entity)
+{
+    const auto copyOf = [](const AcDbEntity& original) {
+        return std::unique_ptr<AcDbEntity>(AcDbEntity::cast(original.clone().release()));
+    };
+    std::unique_ptr<AcDbEntity> copy = copyOf(entity);
+    if (!copy)
+        return nullptr;
+    for (const std::unique_ptr<AcDbEntity>& child : entity.newChildren())
+        copy->addNewChild(copyOf(*child));
+    for (const AcDbObjectId id : childrenOf(entity)) {
+        const Reading<AcDbEntity> child(id);
+        if (child)
+            copy->addNewChild(copyOf(*child));
+    }
+    return copy;
 }
 
 } // namespace host

@@ -26,13 +26,21 @@ namespace host {
 // outside of a database.
 std::vector<AcDbObjectId> childrenOf(const AcDbEntity& parent);
 
-// Their tags, in the same order; opens none of them.
+// Their tags, in the same order; opens none of them. Of an entity outside of a database: those of
+// its new children.
 std::vector<std::shared_ptr<const TagList>> childTags(const AcDbEntity& parent);
 
 // Hangs a new entity on its parent, which has to be open for write in a database, and makes the end
 // of the sequence with the first. The child is then open for write. The parent's mark that children
 // follow (66) is the caller's.
 Acad::ErrorStatus appendChild(AcDbEntity& parent, AcDbEntity& child);
+
+// Hangs on an entity that has just joined a database what it brought along.
+Acad::ErrorStatus hangNewChildren(AcDbEntity& parent);
+
+// A copy outside of any database with copies of the children. Null for a class that has no objects
+// of its own making.
+std::unique_ptr<AcDbEntity> copyWithChildren(const AcDbEntity& entity);
 
 } // namespace host
 

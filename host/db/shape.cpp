@@ -1,5 +1,6 @@
 #include "host/db/shape.h"
 
+#include "host/db/transforming.h"
 #include "host/geom/stroke_sink.h"
 
 #include <cmath>
@@ -18,6 +19,22 @@ bool AcDbShape::strokes(host::StrokeSink& sink) const
     box.up = plane * (up * size());
     sink.polyline(box.outline(), true);
     return true;
+}
+
+Acad::ErrorStatus AcDbShape::transformBy(const AcGeMatrix3d& map)
+{
+    static constexpr host::MappedField kFields[] = {{10, host::FieldForm::planePoint},
+                                                    {39, host::FieldForm::length},
+                                                    {40, host::FieldForm::length}};
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    host::mapFields(*this, host::kShapePart, kFields, mapped);
+    host::mapNormal(*this, host::kShapePart, mapped);
+    host::mapAngle(*this, host::kShapePart, 50, mapped, mapped.mirrors() ? 180.0 : 0.0);
+    return mapped.mirrors() ? setReal(host::kShapePart, 41, -widthFactor(), 1.0) : Acad::eOk;
 }
 
 std::span<const std::string_view> AcDbShape::markers() const

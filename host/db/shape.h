@@ -28,6 +28,7 @@ public:
     AcGeVector3d normal() const { return host::normalField(tags(), host::kShapePart); }
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "SHAPE"; }
     std::span<const std::string_view> markers() const override;
 };

@@ -1,6 +1,7 @@
 #include "host/db/solid_trace.h"
 
 #include "host/db/thickness.h"
+#include "host/db/transforming.h"
 
 using host::kTracePart;
 
@@ -10,6 +11,19 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbTrace, AcDbEntity, "TRACE")
 namespace {
 
 constexpr std::string_view kMarkers[] = {"AcDbEntity", "AcDbTrace"};
+
+void mapTrace(host::TagWriter& area, const host::PlaneMap& map)
+{
+    using host::FieldForm;
+    static constexpr host::MappedField kFields[] = {{10, FieldForm::planePoint},
+                                                    {11, FieldForm::planePoint},
+                                                    {12, FieldForm::planePoint},
+                                                    {13, FieldForm::planePoint},
+                                                    {39, FieldForm::length}};
+    host::mapFields(area, kTracePart, kFields, map);
+    host::mapNormal(area, kTracePart, map);
+    host::mapExtendedData(area, map);
+}
 
 } // namespace
 
@@ -37,11 +51,28 @@ Acad::ErrorStatus AcDbSolid::setPointAt(int corner, const AcGePoint3d& place)
                     AcGeMatrix3d::arbitraryAxes(normal()).inverse() * place);
 }
 
+Acad::ErrorStatus AcDbSolid::setNormal(const AcGeVector3d& direction)
+{
+    if (direction.isZeroLength())
+        return Acad::eInvalidInput;
+    const AcGeVector3d unit = direction.normal();
+    return unit == normal() ? Acad::eOk : setPoint(kTracePart, 210, AcGePoint3d() + unit);
+}
+
 bool AcDbSolid::strokes(host::StrokeSink& sink) const
 {
     return host::strokeThick(sink, normal(), thickness(), [&](host::StrokeSink& to) {
         to.filled(host::outlineOfTrace(tags()));
     });
+}
+
+Acad::ErrorStatus AcDbSolid::transformBy(const AcGeMatrix3d& map)
+{
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status == Acad::eOk)
+        mapTrace(*this, mapped);
+    return status;
 }
 
 std::span<const std::string_view> AcDbSolid::markers() const
@@ -54,6 +85,15 @@ bool AcDbTrace::strokes(host::StrokeSink& sink) const
     return host::strokeThick(sink, normal(), thickness(), [&](host::StrokeSink& to) {
         to.filled(host::outlineOfTrace(tags()));
     });
+}
+
+Acad::ErrorStatus AcDbTrace::transformBy(const AcGeMatrix3d& map)
+{
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status == Acad::eOk)
+        mapTrace(*this, mapped);
+    return status;
 }
 
 std::span<const std::string_view> AcDbTrace::markers() const

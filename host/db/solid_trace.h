@@ -24,10 +24,12 @@ public:
 
     AcGePoint3d getPointAt(int corner) const; // 0 to 3 in the order of the file
     Acad::ErrorStatus setPointAt(int corner, const AcGePoint3d& place); // eInvalidIndex
+    Acad::ErrorStatus setNormal(const AcGeVector3d& normal); // before the corners; not zero
     double thickness() const { return real(host::kTracePart, 39, 0.0); }
     AcGeVector3d normal() const { return host::normalField(tags(), host::kTracePart); }
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "SOLID"; }
     std::span<const std::string_view> markers() const override;
 };
@@ -41,6 +43,7 @@ public:
     AcGeVector3d normal() const { return host::normalField(tags(), host::kTracePart); }
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "TRACE"; }
     std::span<const std::string_view> markers() const override;
 };

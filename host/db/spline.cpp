@@ -1,5 +1,6 @@
 #include "host/db/spline.h"
 
+#include "host/db/transforming.h"
 #include "host/geom/stroke_sink.h"
 
 using host::kSplinePart;
@@ -201,6 +202,21 @@ std::optional<host::NurbsCurve> AcDbSpline::curve() const
     };
     return host::NurbsCurve::throughPoints(fit.points, isClosed(), tangent(fit.startTangent),
                                            tangent(fit.endTangent));
+}
+
+Acad::ErrorStatus AcDbSpline::transformBy(const AcGeMatrix3d& map)
+{
+    static constexpr host::MappedField kFields[] = {
+        {10, host::FieldForm::point},     {11, host::FieldForm::point},
+        {12, host::FieldForm::direction}, {13, host::FieldForm::direction},
+        {44, host::FieldForm::length},    {210, host::FieldForm::direction}};
+    const host::PlaneMap mapped(map);
+    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    host::mapFields(*this, kSplinePart, kFields, mapped);
+    return Acad::eOk;
 }
 
 bool AcDbSpline::strokes(host::StrokeSink& sink) const

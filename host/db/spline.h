@@ -61,6 +61,7 @@ public:
     std::optional<host::NurbsCurve> curve() const;
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "SPLINE"; }
     std::span<const std::string_view> markers() const override;
 

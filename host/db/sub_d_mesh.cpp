@@ -1,5 +1,7 @@
 #include "host/db/sub_d_mesh.h"
 
+#include "host/db/exploding.h"
+#include "host/db/transforming.h"
 #include "host/geom/stroke_sink.h"
 
 #include <algorithm>
@@ -92,6 +94,20 @@ Acad::ErrorStatus AcDbSubDMesh::setSubDMesh(std::span<const AcGePoint3d> vertice
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbSubDMesh::transformBy(const AcGeMatrix3d& map)
+{
+    static constexpr host::MappedField kFields[] = {{10, host::FieldForm::point}};
+    const host::PlaneMap mapped(map);
+    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    host::TagRange places = rangeOf(tags());
+    places.last = std::min(tags().find(93, places.first, places.last), places.last);
+    host::mapFields(*this, places, kFields, mapped);
+    return Acad::eOk;
+}
+
 bool AcDbSubDMesh::strokes(host::StrokeSink& sink) const
 {
     const std::vector<AcGePoint3d> places = vertices();
@@ -106,6 +122,20 @@ bool AcDbSubDMesh::strokes(host::StrokeSink& sink) const
                              places[static_cast<std::size_t>(edge.second)]);
         }
     return !places.empty();
+}
+
+Acad::ErrorStatus AcDbSubDMesh::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const
+{
+    const std::vector<AcGePoint3d> places = vertices();
+    host::PartSink sink(*this, parts);
+    for (const std::vector<int>& face : faces()) {
+        std::vector<AcGePoint3d> corners;
+        for (const int vertex : face)
+            if (vertex >= 0 && vertex < static_cast<int>(places.size()))
+                corners.push_back(places[static_cast<std::size_t>(vertex)]);
+        host::addFaces(sink, corners);
+    }
+    return sink.outcome();
 }
 
 std::span<const std::string_view> AcDbSubDMesh::markers() const

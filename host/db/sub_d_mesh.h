@@ -18,6 +18,8 @@ public:
                                   const std::vector<std::vector<int>>& faces);
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "MESH"; }
     std::span<const std::string_view> markers() const override;
 };

@@ -155,6 +155,11 @@ bool AcDbLayerTableRecord::isPlottable() const
     return integer(part(), 290, 1) != 0;
 }
 
+Acad::ErrorStatus AcDbLayerTableRecord::setIsPlottable(bool on)
+{
+    return setInteger(part(), 290, on, 1);
+}
+
 // ---- linetypes, text styles ----
 
 std::wstring AcDbLinetypeTableRecord::comments() const

@@ -31,6 +31,7 @@ public:
     int lineWeight() const; // 370, -3 default
     Acad::ErrorStatus setLineWeight(int weight);
     bool isPlottable() const; // 290
+    Acad::ErrorStatus setIsPlottable(bool on);
 
     std::string recordName() const override { return "LAYER"; }
     std::span<const std::string_view> markers() const override;

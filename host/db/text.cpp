@@ -3,6 +3,7 @@
 #include "host/db/reading.h"
 #include "host/db/symbol_names.h"
 #include "host/db/symbol_tables.h"
+#include "host/db/transforming.h"
 #include "host/geom/stroke_sink.h"
 #include "host/geom/text_strokes.h"
 
@@ -16,6 +17,8 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbText, AcDbEntity, "TEXT")
 namespace {
 
 constexpr int kJustifications = 15;
+
+enum GenerationFlag { kBackward = 2, kUpsideDown = 4 };
 
 } // namespace
 
@@ -145,6 +148,37 @@ Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& normal)
     return setPoint(kTextPart, 210, AcGePoint3d() + unit);
 }
 
+Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& map)
+{
+    using host::FieldForm;
+    static constexpr host::MappedField kFields[] = {
+        {10, FieldForm::planePoint}, {39, FieldForm::length}, {40, FieldForm::length}};
+    static constexpr host::MappedField kAlignment[] = {{11, FieldForm::planePoint}};
+    // the lines of an attribute that has several
+    static constexpr host::MappedField kEmbedded[] = {
+        {10, FieldForm::point},  {11, FieldForm::direction}, {40, FieldForm::length},
+        {41, FieldForm::length}, {42, FieldForm::length},    {43, FieldForm::length},
+        {46, FieldForm::length}, {50, FieldForm::angle}};
+    const host::PlaneMap mapped(map, normal());
+    const Acad::ErrorStatus status = mapped.check(*this);
+    if (status != Acad::eOk)
+        return status;
+    host::mapExtendedData(*this, mapped);
+    const bool between = horizontalMode() == AcDb::kTextAlign || horizontalMode() == AcDb::kTextFit;
+    host::mapFields(*this, kTextPart, kFields, mapped);
+    if (justification() != 0)
+        host::mapFields(*this, kTextPart, kAlignment, mapped);
+    host::mapNormal(*this, kTextPart, mapped);
+    // Mirrored letters are written backward, or upside down where two points tell the direction.
+    host::mapAngle(*this, kTextPart, 50, mapped, mapped.mirrors() && !between ? 180.0 : 0.0);
+    if (mapped.mirrors())
+        setInteger(kTextPart, 71, integer(kTextPart, 71, 0) ^ (between ? kUpsideDown : kBackward),
+                   0);
+    if (const std::size_t embedded = tags().find(101); embedded != host::TagList::npos)
+        host::mapFields(*this, {embedded + 1, host::dataEnd(tags())}, kEmbedded, mapped);
+    return Acad::eOk;
+}
+
 host::TextBox AcDbText::box() const
 {
     const double letters = height();
@@ -164,18 +198,25 @@ host::TextBox AcDbText::box() const
             width = span.length();
             direction = span.normal();
         }
+    }
+    const int generation = integer(kTextPart, 71, 0);
+    const AcGeVector3d along = generation & kBackward ? -direction : direction;
+    AcGeVector3d upward(-direction.y, direction.x, 0.0);
+    if (generation & kUpsideDown)
+        upward = -upward;
+    if (across == AcDb::kTextAlign || across == AcDb::kTextFit) {
+        if (generation & kBackward)
+            corner = anchor;
     } else if (justification() != 0) {
         static constexpr double kBack[] = {0.0, 0.5, 1.0, 0.0, 0.5, 0.0};
         static constexpr double kDown[] = {0.0, 0.0, 0.5, 1.0};
-        const AcGeVector3d upward(-direction.y, direction.x, 0.0);
         const double down = across == AcDb::kTextMid ? 0.5 : kDown[up];
-        corner = anchor - direction * (width * kBack[across]) - upward * (letters * down);
+        corner = anchor - along * (width * kBack[across]) - upward * (letters * down);
     }
-    const AcGeVector3d upward(-direction.y, direction.x, 0.0);
     const double lean = std::tan(std::clamp(oblique(), -1.48, 1.48)); // up to 85 degrees
     return {plane * corner,
-            plane * (direction * width),
-            plane * ((upward + direction * lean) * letters),
+            plane * (along * width),
+            plane * ((upward + along * lean) * letters),
             {},
             {}};
 }

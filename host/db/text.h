@@ -57,6 +57,10 @@ public:
     Acad::ErrorStatus setHeight(double height); // eInvalidInput unless positive
     Acad::ErrorStatus setRotation(double angle);
     Acad::ErrorStatus setWidthFactor(double factor); // eInvalidInput unless positive
+    Acad::ErrorStatus setOblique(double angle)
+    {
+        return setReal(host::kTextPart, 51, host::toDegrees(angle), 0.0);
+    }
     Acad::ErrorStatus setTextString(std::wstring_view value)
     {
         return setText(host::kTextPart, 1, value, L"\1"); // empty ones are written too
@@ -69,6 +73,7 @@ public:
     host::TextBox box() const;
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "TEXT"; }
     std::span<const std::string_view> markers() const override;
 

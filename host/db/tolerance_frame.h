@@ -21,6 +21,7 @@ public:
     std::wstring dimensionStyleName() const { return text(host::kTolerancePart, 3, L"STANDARD"); }
 
     bool strokes(host::StrokeSink& sink) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "TOLERANCE"; }
     std::span<const std::string_view> markers() const override;
 };

@@ -23,6 +23,12 @@ enum VertexFlag {
     kFaceVertex = 128 // alone: the record of a face
 };
 
+class PlaneMap;
+
+// Maps the vertices that hang on an entity, by the coordinates that they are in.
+enum class VertexSpace { plane, world };
+void mapVertices(const AcDbEntity& parent, const PlaneMap& map, VertexSpace space);
+
 } // namespace host
 
 // A vertex of a polyline or mesh; hangs on it.
@@ -32,6 +38,7 @@ public:
     // In the parent's coordinates: of a flat polyline those of its plane, else the world's.
     AcGePoint3d position() const;
     int vertexFlags() const { return host::integerInRecord(tags(), 70, 0); }
+    void follow(const host::PlaneMap& map, host::VertexSpace space);
     bool strokes(host::StrokeSink&) const override { return true; } // drawn by its parent
     std::string recordName() const override { return "VERTEX"; }
 

@@ -23,6 +23,7 @@ public:
     int number() const { return integer(host::kViewportPart, 69, 0); } // 1 is the sheet itself
 
     bool strokes(host::StrokeSink& sink) const override; // the frame; nothing for the sheet
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map) override;
     std::string recordName() const override { return "VIEWPORT"; }
     std::span<const std::string_view> markers() const override;
 };

@@ -12,7 +12,6 @@
 #include "host/text/number_format.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace host {
 
@@ -72,9 +71,11 @@ double viewHeight(AcDbDatabase& database)
 
 bool matchesAny(std::wstring_view name, std::wstring_view patterns)
 {
-    for (const auto& part : std::views::split(patterns, L','))
-        if (wildcardMatches(name, std::wstring_view(part.begin(), part.end())))
+    for (std::size_t begin = 0, end = 0; end != patterns.npos; begin = end + 1) {
+        end = patterns.find(L',', begin);
+        if (wildcardMatches(name, patterns.substr(begin, end - begin)))
             return true;
+    }
     return false;
 }
 
@@ -138,6 +139,13 @@ AcDbObjectId entityAt(AcDbDatabase& database, const AcGePoint3d& point)
     return best;
 }
 
+std::vector<AcDbObjectId> visibleEntities(AcDbDatabase& database)
+{
+    std::vector<AcDbObjectId> found;
+    visitVisible(database, [&](const AcDbEntity& entity) { found.push_back(entity.objectId()); });
+    return found;
+}
+
 std::vector<AcDbObjectId> allEntities(AcDbDatabase& database)
 {
     Drawing& drawing = database.drawing();
@@ -171,11 +179,13 @@ AcDbObjectId lastEntity(AcDbDatabase& database)
 {
     Drawing& drawing = database.drawing();
     const auto place = drawing.blocks.find(drawing.modelSpace);
-    if (place != drawing.blocks.end())
-        for (const std::uint32_t number : std::views::reverse(place->second.entities))
-            if (!(drawing.index[number].flags & kErased))
-                return drawing.id(number);
-    return {};
+    if (place == drawing.blocks.end())
+        return {};
+    const auto& entities = place->second.entities;
+    const auto last = std::find_if(entities.rbegin(), entities.rend(), [&](std::uint32_t number) {
+        return !(drawing.index[number].flags & kErased);
+    });
+    return last == entities.rend() ? AcDbObjectId() : drawing.id(*last);
 }
 
 bool passesFilter(AcDbObjectId id, const ResbufChain& filter)

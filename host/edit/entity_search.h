@@ -27,6 +27,8 @@ AcDbObjectId entityAt(AcDbDatabase& database, const AcGePoint3d& point);
 // the active view.
 double pickBoxHalfSize(AcDbDatabase& database);
 
+// Entities of model space that can be seen, in drawing order.
+std::vector<AcDbObjectId> visibleEntities(AcDbDatabase& database);
 // All entities of model space but those on frozen layers.
 std::vector<AcDbObjectId> allEntities(AcDbDatabase& database);
 // All entities of all spaces, frozen or not, that pass the filter.

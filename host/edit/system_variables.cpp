@@ -1,6 +1,7 @@
 #include "host/edit/system_variables.h"
 
 #include "host/db/dictionary.h"
+#include "host/db/dimension_style.h"
 #include "host/db/header_variables.h"
 #include "host/db/symbol_tables.h"
 #include "host/edit/command_engine.h"
@@ -130,7 +131,14 @@ bool setHeader(const VariableRow* row, const std::wstring& name, const resbuf& v
     int code = headerVariableCode(database->drawing(), key);
     if (code == 0 && row)
         code = row->code;
-    return code != 0 && setHeaderVariable(database->drawing(), key, code, value);
+    const std::optional<resbuf> before = headerVariable(database->drawing(), key);
+    if (code == 0 || !setHeaderVariable(database->drawing(), key, code, value))
+        return false;
+    // another style takes its values along; the same one leaves what was set over them
+    if (name == L"DIMSTYLE" &&
+        (!before || !equalNoCase(before->resval.rstring, value.resval.rstring)))
+        restoreDimensionStyle(*database, value.resval.rstring);
+    return true;
 }
 
 } // namespace

@@ -30,8 +30,10 @@ AcGeMatrix3d AcGeMatrix3d::rotation(double angle, const AcGeVector3d& axis,
     const AcGeVector3d n = axis.normal();
     if (n == AcGeVector3d::kIdentity)
         return {};
-    const double c = std::cos(angle);
-    const double s = std::sin(angle);
+    // quarter turns are exact
+    const auto exact = [](double value) { return std::abs(value) < 1e-15 ? 0.0 : value; };
+    const double c = exact(std::cos(angle));
+    const double s = exact(std::sin(angle));
     const auto turned = [&](const AcGeVector3d& v) {
         return v * c + n.crossProduct(v) * s + n * (n.dotProduct(v) * (1.0 - c));
     };

@@ -118,6 +118,29 @@ std::optional<NurbsCurve> NurbsCurve::make(int degree, std::vector<double> knots
     return curve;
 }
 
+std::optional<NurbsCurve> NurbsCurve::ofControlPoints(int degree, std::vector<AcGePoint3d> points,
+                                                      bool closed)
+{
+    const std::size_t least = closed ? 3 : 2;
+    if (points.size() < least || degree < 1)
+        return {};
+    const int most = static_cast<int>(points.size()) - 1;
+    degree = std::min(degree, most);
+    std::vector<double> knots;
+    if (closed) {
+        for (int i = 0; i < degree; ++i)
+            points.push_back(points[static_cast<std::size_t>(i)]);
+        const int count = static_cast<int>(points.size()) + degree + 1;
+        for (int i = 0; i < count; ++i)
+            knots.push_back(i - degree);
+    } else {
+        const int spans = static_cast<int>(points.size()) - degree;
+        for (int i = -degree; i <= spans + degree; ++i)
+            knots.push_back(std::clamp(i, 0, spans));
+    }
+    return make(degree, std::move(knots), std::move(points));
+}
+
 int NurbsCurve::spanAt(double u) const
 {
     const auto first = knots_.begin() + degree_;
@@ -171,6 +194,7 @@ AcDbExtents NurbsCurve::extents() const
 {
     const std::vector<double> parameters = sampledParameters();
     std::vector<AcGePoint3d> samples;
+    samples.reserve(parameters.size());
     for (const double u : parameters)
         samples.push_back(pointAt(u));
 

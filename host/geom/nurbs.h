@@ -26,6 +26,12 @@ public:
                                                    std::optional<AcGeVector3d> startTangent = {},
                                                    std::optional<AcGeVector3d> endTangent = {});
 
+    // The curve of control points with knots one apart, from the first to the last; a closed one
+    // runs smoothly through its beginning. Too few points lower the degree; none with fewer than
+    // two, or three for a closed one.
+    static std::optional<NurbsCurve> ofControlPoints(int degree, std::vector<AcGePoint3d> points,
+                                                     bool closed = false);
+
     int degree() const { return degree_; }
     const std::vector<double>& knots() const { return knots_; }
     const std::vector<AcGePoint3d>& controlPoints() const { return points_; }

@@ -14,6 +14,7 @@ from pathlib import Path
 import ezdxf
 
 STEPS = 10
+UNKNOWN_COMMAND = 4
 DESCRIPTION = "obj_name\tThing\t1\t1\nobj_type\tLine\nod_name\tthings{0}\nod_key\tid\nod_fld\tsize\tSize\treal\t1.5\n"
 
 
@@ -49,7 +50,19 @@ def random_command(draw, known, folder, number):
         f'KELMARO_LOAD "{description}"\n',
     ]
     if known:
-        choices += [f'ERASE (handent "{draw.choice(known)}")\n\n'] * 3
+        one = f'(handent "{draw.choice(known)}")\n\n'
+        choices += [f"ERASE {one}"] * 3
+        choices += [
+            f"MOVE {one}0,0\n{draw.randint(1, 9)},{draw.randint(1, 9)}\n",
+            f"MOVE ALL\n\n0,0\n{draw.randint(1, 9)},0\n",
+            f"COPY {one}0,0\n5,0\n7,7\n\n",
+            f"COPY ALL\n\n0,0\n{draw.randint(1, 9)},0\n\n",
+            f"ROTATE {one}0,0\n{draw.randint(1, 90)}\n",
+            f"ROTATE {one}0,0\nC\n{draw.randint(1, 90)}\n",
+            f"SCALE {one}0,0\n2.5\n",
+            f"MIRROR ALL\n\n0,0\n{draw.randint(1, 9)},1\nN\n",
+            f"MIRROR {one}0,0\n0,1\nY\n",
+        ]
     return draw.choice(choices)
 
 
@@ -72,7 +85,8 @@ def try_drawing(kelmaro, drawing, folder, seed):
         typed += "REDO\n" + save(f"redone{i}")
     run = subprocess.run([kelmaro, drawing], input=typed, capture_output=True, text=True, timeout=120)
     missing = [path.name for path in saves if not path.exists()]
-    if run.returncode != 0 or missing:
+    # A command that found everything locked leaves its answers to the command prompt.
+    if run.returncode not in (0, UNKNOWN_COMMAND) or missing:
         return [f"exit status {run.returncode}, not saved: {missing}\n{run.stdout[-2000:]}{run.stderr}"]
 
     # A command that changed nothing is no step: U goes to the last state that differs.

@@ -1,8 +1,8 @@
 #include "host/commands/drawing/new_entity.h"
 
-#include "host/commands/current_properties.h"
 #include "host/db/block_table.h"
 #include "host/db/database.h"
+#include "host/db/database_defaults.h"
 #include "host/db/entity.h"
 #include "host/db/object_pointer.h"
 #include "host/edit/document.h"
@@ -21,7 +21,7 @@ AcDbObjectId appendNew(std::unique_ptr<AcDbEntity> entity)
     AcDbObjectId id;
     if (!space || space->appendAcDbEntity(id, appended.object()) != Acad::eOk)
         return {};
-    applyCurrentProperties(*appended);
+    setDatabaseDefaults(*appended);
     return id;
 }
 

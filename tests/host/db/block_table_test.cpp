@@ -166,6 +166,62 @@ TEST(BlockTable, AnonymousBlockNamesTheDynamicOneItStandsFor)
     EXPECT_TRUE(of->isDynamicBlock());
 }
 
+TEST(BlockTable, TellsWhetherReferencesScaleByOneFactor)
+{
+    const std::pair<const char*, AcDbBlockTableRecord::BlockScaling> cases[] = {
+        {"", AcDbBlockTableRecord::kAny},
+        {"281\n0\n", AcDbBlockTableRecord::kAny},
+        {"281\n1\n", AcDbBlockTableRecord::kUniform},
+    };
+    for (const auto& [tags, scaling] : cases) {
+        SCOPED_TRACE(tags);
+        DxfDrawing drawing;
+        const std::string handle = drawing.block("Tree", 0, {}, tags);
+        ReadDrawing read(drawing.text());
+        AcDbObjectPointer<AcDbBlockTableRecord> block(read.idOf(handle), AcDb::kForWrite);
+        EXPECT_EQ(block->blockScaling(), scaling);
+        block->setBlockScaling(AcDbBlockTableRecord::kUniform);
+        EXPECT_NE(read.record(read.idOf(handle)).find("281\n1\n"), std::string::npos);
+    }
+}
+
+TEST(BlockTable, BlockMarksGoWithTheirRecordOnly)
+{
+    struct Case {
+        const char* name;
+        std::string text;
+        const char* block; // its record; null where that is implicit
+        const char* begin;
+        const char* end;
+    };
+    DxfDrawing modern;
+    modern.block("Tree"); // the handles are given from 100 on
+    const Case cases[] = {
+        {"with a record", modern.text(), "100", "101", "102"},
+        {"R12",
+         "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n0\nENDSEC\n0\nSECTION\n2\nBLOCKS\n0\n"
+         "BLOCK\n5\n101\n8\n0\n2\nTree\n70\n0\n10\n0\n20\n0\n0\nENDBLK\n5\n102\n8\n0\n0\nENDSEC\n"
+         "0\nEOF\n",
+         nullptr, "101", "102"},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.name);
+        ReadDrawing read(row.text);
+        for (const char* const mark : {row.begin, row.end}) {
+            AcDbObjectPointer<AcDbEntity> entity(read.idOf(mark), AcDb::kForWrite);
+            ASSERT_TRUE(entity);
+            EXPECT_EQ(entity->erase(), Acad::eNotApplicable);
+            EXPECT_FALSE(entity->isErased());
+        }
+        EXPECT_EQ(read.written(), row.text);
+        if (!row.block)
+            continue;
+        AcDbObjectPointer<AcDbBlockTableRecord>(read.idOf(row.block), AcDb::kForWrite)->erase();
+        EXPECT_TRUE(read.idOf(row.begin).isErased());
+        EXPECT_TRUE(read.idOf(row.end).isErased());
+    }
+}
+
 TEST(BlockTable, ErasedBlockTakesItsEntitiesAlongAndUndoBringsThem)
 {
     DxfDrawing drawing;

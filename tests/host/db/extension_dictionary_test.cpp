@@ -110,6 +110,27 @@ TEST_F(ExtensionDictionary, GoesAndComesWithItsEntity)
     EXPECT_EQ(found, record);
 }
 
+TEST_F(ExtensionDictionary, AnOpenOneKeepsItsEntityWhole)
+{
+    const AcDbObjectId dictionary = create();
+    const AcDbObjectId record = addRecord(dictionary, L"DATA");
+    const std::string before = read_.written();
+    const std::tuple<AcDbObjectId, AcDb::OpenMode, Acad::ErrorStatus> cases[] = {
+        {dictionary, AcDb::kForRead, Acad::eWasOpenForRead},
+        {dictionary, AcDb::kForWrite, Acad::eWasOpenForWrite},
+        {record, AcDb::kForRead, Acad::eWasOpenForRead},
+    };
+    for (const auto& [id, mode, status] : cases) {
+        const AcDbObjectPointer<AcDbObject> open(id, mode);
+        Line line(lineId(), AcDb::kForWrite);
+        EXPECT_EQ(line->erase(), status);
+        EXPECT_FALSE(line->isErased());
+    }
+    EXPECT_EQ(read_.written(), before);
+    erase(lineId());
+    EXPECT_TRUE(record.isErased());
+}
+
 TEST_F(ExtensionDictionary, AnErasedOneIsNoneAndIsReplaced)
 {
     const AcDbObjectId first = create();

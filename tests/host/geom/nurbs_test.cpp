@@ -188,3 +188,27 @@ TEST(FitSpline, FewOrRepeatedPoints)
 }
 
 } // namespace
+
+TEST(Nurbs, ControlPointsWithEvenKnots)
+{
+    using host::NurbsCurve;
+    const std::vector<AcGePoint3d> square = {{0, 0, 0}, {6, 0, 0}, {6, 6, 0}, {0, 6, 0}};
+    const std::optional<NurbsCurve> open = NurbsCurve::ofControlPoints(3, square);
+    ASSERT_TRUE(open);
+    EXPECT_EQ(open->knots(), (std::vector<double>{0, 0, 0, 0, 1, 1, 1, 1}));
+    EXPECT_TRUE(open->pointAt(0.5).isEqualTo({4.5, 3.0, 0.0})); // (1 3 3 1) / 8
+
+    const std::optional<NurbsCurve> closed = NurbsCurve::ofControlPoints(3, square, true);
+    ASSERT_TRUE(closed);
+    EXPECT_EQ(closed->controlPoints().size(), 7u);
+    // at a knot the weights are (1 4 1) / 6, and both ends are one place
+    EXPECT_TRUE(closed->pointAt(closed->startParameter()).isEqualTo({5.0, 1.0, 0.0}));
+    EXPECT_TRUE(closed->pointAt(closed->endParameter()).isEqualTo({5.0, 1.0, 0.0}));
+
+    const std::optional<NurbsCurve> lowered =
+        NurbsCurve::ofControlPoints(3, {{0, 0, 0}, {2, 2, 0}});
+    ASSERT_TRUE(lowered);
+    EXPECT_EQ(lowered->degree(), 1);
+    EXPECT_FALSE(NurbsCurve::ofControlPoints(3, {{0, 0, 0}}));
+    EXPECT_FALSE(NurbsCurve::ofControlPoints(2, {{0, 0, 0}, {1, 0, 0}}, true));
+}

@@ -125,6 +125,43 @@ TEST(RaiseVersion, HappensForWhatR12CannotHold)
     }
 }
 
+TEST(RaiseVersion, TellsWhatIsLeftOut)
+{
+    const std::wstring raised =
+        L"the drawing is raised from R12 to AutoCAD 2000 (AC1015), since R12 cannot hold line "
+        L"weights";
+    const std::string stray = "0 VERTEX;5 50;8 0;10 1.0;20 0.0;30 0.0;70 0;";
+    struct Case {
+        const char* name;
+        std::string strays;
+        std::string sections;
+        std::wstring told;
+    };
+    const Case cases[] = {
+        {"one child", stray, "",
+         L"; 1 VERTEX, ATTRIB or SEQEND that follows no POLYLINE or INSERT is left out"},
+        {"several",
+         stray + "0 SEQEND;5 51;8 0;0 ATTRIB;5 52;8 0;10 0.0;20 0.0;40 1.0;1 x;2 T;70 0;", "",
+         L"; 3 VERTEX, ATTRIB or SEQEND that follow no POLYLINE or INSERT are left out"},
+        {"an empty section", "", section("OBJECTS", ""), L""},
+        {"a picture", "", section("THUMBNAILIMAGE", "90 2;310 00FF"),
+         L"; 1 record of a section that R12 does not have is left out"},
+        {"objects", "", section("OBJECTS", "0 DICTIONARY;5 53;0 XRECORD;5 54"),
+         L"; 2 records of sections that R12 does not have are left out"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        std::string script = withBefore(olderDrawing(), "0 LINE;8 0;5 20;", c.strays);
+        OpenDrawing opened(lines(withBefore(std::move(script), "0 EOF;", c.sections)));
+        ASSERT_EQ(opened.outcome().status, Acad::eOk) << toUtf8(opened.outcome().message);
+        changeLine(opened, [](AcDbLine& line) { line.setLineWeight(50); });
+        std::wstring message;
+        const std::string text = opened.saved(&message);
+        EXPECT_EQ(toUtf8(message), toUtf8(raised + c.told));
+        EXPECT_TRUE(OpenDrawing(text).drawing().warnings.empty());
+    }
+}
+
 TEST(RaiseVersion, GivesEveryRecordItsOwnerAndMarkers)
 {
     OpenDrawing opened(lines(olderDrawing()));

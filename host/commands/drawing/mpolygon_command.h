@@ -1,0 +1,8 @@
+#pragma once
+
+namespace host {
+
+// MPOLYGON: a filled polygon of several rings.
+void mpolygonCommand();
+
+} // namespace host

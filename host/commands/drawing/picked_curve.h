@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/db/object_id.h"
+#include "host/geom/arc_construction.h"
+
+#include <optional>
+
+namespace host {
+
+// The straight or circular stroke of an entity that passes nearest to a point, as a line without
+// ends or a whole circle. None for an entity that draws neither.
+std::optional<TangentTarget> strokeNear(AcDbObjectId entity, const AcGePoint3d& place);
+std::optional<PlaneLine> lineNear(AcDbObjectId entity, const AcGePoint3d& place);
+
+} // namespace host

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace host {
+
+// POINT: one point.
+void pointCommand();
+
+} // namespace host

@@ -1,0 +1,7 @@
+#pragma once
+
+namespace host {
+
+void rotateCommand();
+
+} // namespace host

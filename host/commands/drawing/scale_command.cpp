@@ -1,0 +1,80 @@
+#include "host/commands/drawing/scale_command.h"
+
+#include "host/commands/command_entities.h"
+#include "host/commands/drawing/changed_entities.h"
+#include "host/commands/drawing/drawing_prompts.h"
+
+// Nothing is scaled before the last answer: Escape leaves all as it was.
+
+namespace host {
+
+namespace {
+
+constexpr int kPositive = RSG_NOZERO | RSG_NONEG;
+
+std::optional<double> lengthBetweenPoints()
+{
+    const Answered<AcGePoint3d> from = askPlace({.text = L"Specify first point: "});
+    if (!from.given())
+        return std::nullopt;
+    const Answered<AcGePoint3d> to =
+        askOtherPlace({.text = L"Specify second point: ", .base = from.value});
+    return to.given() ? std::optional(from.value.distanceTo(to.value)) : std::nullopt;
+}
+
+// A length as it is now, and as it will be; nothing when cancelled.
+std::optional<double> askReference(const AcGePoint3d& base)
+{
+    const std::wstring one = bracketed(1.0) + L": ";
+    const Answered<double> now = askLength(
+        {.text = L"Specify reference length" + one, .enterCounts = true, .bits = kPositive});
+    if (now.cancelled())
+        return std::nullopt;
+    const Answered<double> then = askLength({.text = L"Specify new length or [Points]" + one,
+                                             .keywords = L"Points",
+                                             .base = base,
+                                             .enterCounts = true,
+                                             .bits = kPositive});
+    if (then.cancelled())
+        return std::nullopt;
+    const std::optional<double> length = then.isKeyword() ? lengthBetweenPoints()
+                                         : then.given()   ? then.value
+                                                          : 1.0;
+    return length ? std::optional(*length / (now.given() ? now.value : 1.0)) : std::nullopt;
+}
+
+} // namespace
+
+void scaleCommand()
+{
+    if (!documentOfCommand())
+        return;
+    const auto entities = entitiesToChange();
+    if (!entities)
+        return;
+    const Answered<AcGePoint3d> base = askPlace({.text = L"Specify base point: "});
+    if (!base.given())
+        return;
+    bool copies = false;
+    std::optional<double> factor;
+    while (!factor) {
+        const Answered<double> answer =
+            askLength({.text = L"Specify scale factor or [Copy/Reference]: ",
+                       .keywords = L"Copy Reference",
+                       .base = base.value,
+                       .bits = kPositive});
+        if (answer.cancelled())
+            return;
+        if (answer.chose(L"Copy")) {
+            copies = true;
+            refuse(L"Scaling a copy of the selected objects.\n");
+            continue;
+        }
+        factor = answer.isKeyword() ? askReference(base.value) : answer.value;
+        if (!factor)
+            return;
+    }
+    changeAll(*entities, AcGeMatrix3d::scaling(*factor, base.value), copies);
+}
+
+} // namespace host

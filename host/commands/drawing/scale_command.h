@@ -1,0 +1,7 @@
+#pragma once
+
+namespace host {
+
+void scaleCommand();
+
+} // namespace host
