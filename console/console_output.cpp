@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstring>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -37,11 +38,8 @@ void ConsoleOutput::put(std::string_view bytes)
 void ConsoleOutput::write(std::wstring_view text)
 {
     pending_ += host::toUtf8(text);
-    if (pending_.size() < kPendingLimit)
-        return;
-    const std::size_t lines = pending_.rfind('\n') + 1; // 0 when there is none
-    put(std::string_view(pending_).substr(0, lines));
-    pending_.erase(0, lines);
+    if (pending_.size() >= kPendingLimit)
+        flushLines();
 }
 
 void ConsoleOutput::flush()
@@ -50,13 +48,17 @@ void ConsoleOutput::flush()
     pending_.clear();
 }
 
+void ConsoleOutput::flushLines()
+{
+    const std::size_t lines = pending_.rfind('\n') + 1; // 0 when there is none
+    put(std::string_view(pending_).substr(0, lines));
+    pending_.erase(0, lines);
+}
+
 std::string ConsoleOutput::takeUnfinished()
 {
-    const std::size_t lines = pending_.rfind('\n') + 1;
-    put(std::string_view(pending_).substr(0, lines));
-    std::string unfinished = pending_.substr(lines);
-    pending_.clear();
-    return unfinished;
+    flushLines();
+    return std::exchange(pending_, {});
 }
 
 void reportTrouble(std::string_view text)

@@ -15,6 +15,7 @@ public:
 
     void write(std::wstring_view text);
     void flush();
+    void flushLines(); // not an unfinished one
     // Shows the whole lines and gives the unfinished one, which somebody else shows.
     std::string takeUnfinished();
 

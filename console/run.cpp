@@ -154,7 +154,7 @@ ExitStatus run(const Arguments& arguments)
     bool loaded = modules.load((program.parent_path() / kModule).lexically_normal());
     if (arguments.description)
         loaded = loaded && loadDescription(session.engine(), *arguments.description);
-    output.flush();
+    output.flushLines(); // at a terminal the line editor shows the prompt
 
     typeAll(session, output, *texts);
     const bool saved = saveDrawings(session, arguments);

@@ -192,6 +192,7 @@ void prepareEditor(const std::filesystem::path& historyFile)
     rl_basic_word_break_characters = " \t";
     rl_variable_bind("enable-bracketed-paste", "off"); // pasted lines are answers one by one
     rl_variable_bind("completion-ignore-case", "on");
+    rl_variable_bind("show-all-if-ambiguous", "on");
     using_history();
     stifle_history(kHistoryLines);
     read_history(historyFile.c_str());

@@ -206,8 +206,10 @@ void CommandEngine::startTyped(const TypedAnswer& typed)
     promptShown_ = false;
     std::wstring_view name = typed.text;
     if (name.empty()) {
-        if (typed.origin == Origin::terminal && !typed.fromQueue && lastTyped_)
+        if (typed.origin == Origin::terminal && !typed.fromQueue && lastTyped_) {
+            transcript_.print(lastTyped_->globalName + L'\n');
             startOuter(lastTyped_, false);
+        }
         return;
     }
     if (name.front() == L'\'')

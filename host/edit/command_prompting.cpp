@@ -127,7 +127,7 @@ void CommandEngine::showPrompt(const Question& question)
 
 void CommandEngine::showAnswer(const TypedAnswer& typed)
 {
-    if (typed.origin == Origin::terminal && !typed.fromQueue)
+    if (typed.onScreen)
         transcript_.echoedByTerminal();
     else
         transcript_.echo(typed.shown ? typed.typed : std::wstring());

@@ -98,18 +98,25 @@ bool TypedInput::openExpression() const
     return quoted || depth > 0;
 }
 
-void TypedInput::noteSource(bool queued, bool shown, Origin origin)
+void TypedInput::noteQueued(bool shown)
 {
-    if (!begun_) {
-        fromQueue_ = queued;
-        shown_ = shown;
-        origin_ = origin;
+    if (!std::exchange(begun_, true)) {
+        fromQueue_ = true;
+        shown_ = false;
+        onScreen_ = false;
+        origin_ = Origin::script;
     }
-    begun_ = true;
-    fromQueue_ = fromQueue_ && queued;
     shown_ = shown_ || shown;
-    if (!queued)
-        origin_ = origin;
+}
+
+void TypedInput::noteFed(Origin origin)
+{
+    if (!std::exchange(begun_, true))
+        onScreen_ = false;
+    fromQueue_ = false;
+    shown_ = true;
+    onScreen_ = onScreen_ || (origin == Origin::terminal && fedLine_.empty());
+    origin_ = origin;
 }
 
 void TypedInput::forgetPartial()
@@ -130,6 +137,7 @@ TypedInput::Read TypedInput::complete(TypedAnswer& answer, bool endsLine, const 
     answer.endsLine = endsLine;
     answer.fromQueue = fromQueue_;
     answer.shown = shown_;
+    answer.onScreen = onScreen_;
     answer.origin = origin_;
     begun_ = false;
     return Read::answer;
@@ -182,7 +190,7 @@ TypedInput::Read TypedInput::read(std::deque<QueuedText>* queue, const AnswerFor
             continue;
         }
         const wchar_t character = front.text[front.at++];
-        noteSource(true, front.echo, Origin::script);
+        noteQueued(front.echo);
         const Read outcome = take(character, queueLine_, form, answer);
         if (outcome == Read::cancel)
             return Read::queuedCancel;
@@ -217,7 +225,7 @@ TypedInput::Read TypedInput::read(std::deque<QueuedText>* queue, const AnswerFor
             continue;
         }
         dropping_ = false;
-        noteSource(false, true, front.origin);
+        noteFed(front.origin);
         const Read outcome = take(character, fedLine_, form, answer);
         if (outcome != Read::nothing)
             return outcome;

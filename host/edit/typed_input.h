@@ -29,6 +29,7 @@ struct TypedAnswer {
     bool endsLine = false;
     bool fromQueue = false; // all of it
     bool shown = true;      // some of it is to be echoed
+    bool onScreen = false;  // the terminal has shown it: it stood first on its line
     Origin origin = Origin::script;
     AcGePoint3d point;
     std::vector<AcDbObjectId> selection;
@@ -82,7 +83,8 @@ private:
 
     Read take(wchar_t character, std::wstring& line, const AnswerForm& form, TypedAnswer& answer);
     Read complete(TypedAnswer& answer, bool endsLine, const AnswerForm& form);
-    void noteSource(bool queued, bool shown, Origin origin);
+    void noteQueued(bool shown);
+    void noteFed(Origin origin);
     bool openQuote() const;
     bool openExpression() const;
     void forgetPartial();
@@ -92,6 +94,7 @@ private:
     bool begun_ = false; // some character of the answer was read
     bool fromQueue_ = true;
     bool shown_ = false;
+    bool onScreen_ = false;
     Origin origin_ = Origin::script;
     std::wstring fedLine_; // what stands on the line so far, as much as tells "^C"
     std::wstring queueLine_;

@@ -59,6 +59,43 @@ class Terminal(ConsoleTest):
         self.type("\x04")
         self.assertEqual(self.end(), 0)
 
+    def test_answers_behind_the_first_of_a_line_stand_at_their_prompts(self):
+        self.start()
+        self.wait_for("Command: ")
+        self.type("LINE 0,0 4,0  LUPREC\r")
+        self.assertEqual(
+            self.wait_for("<4>: "),
+            "LINE 0,0 4,0  LUPREC\r\nSpecify first point: 0,0\r\nSpecify next point or [Undo]: 4,0\r\n"
+            "Specify next point or [Undo]: \r\nCommand: LUPREC\r\nEnter new value for LUPREC <4>: ")
+        self.type("\r")
+        self.assertEqual(self.wait_for("Command: "), "\r\nCommand: ")
+        self.type("\x04")
+        self.assertEqual(self.end(), 0)
+
+    def test_an_object_is_drawn_by_hand(self):
+        self.write("objects.txt", "obj_name\tWall\t1\t1\nobj_type\tLine\nod_name\twalls\nod_key\tname\n")
+        self.write("a.dxf", drawing())
+        self.start("a.dxf", "-d", "objects.txt", "-o", "b.dxf")
+        self.wait_for("objects.txt\"\r\n")
+        self.wait_for("Command: ")
+        self.type("kelmaro_d\t")
+        self.assertRegex(self.wait_for("\r\nCommand: KELMARO_D"), "KELMARO_DEL_DUPLICATES +KELMARO_DRAW *\r\n")
+        self.type("r\t\r")
+        self.wait_for("Object: ")
+        self.type("Wall\r")
+        self.wait_for("Specify first point: ")
+        self.type("0,0\r4,0\r\r")
+        for _ in range(2):
+            self.wait_for("Specify next point or [Undo]: ")
+        self.wait_for("Specify first point: ")
+        self.type("9,9\x1b")
+        self.wait_for("*Cancel*\r\nCommand: ")
+        self.type("LIST L\r\r")
+        self.wait_for("Record \"walls\"\r\n    name: \"Wall\"")
+        self.wait_for("Command: ")
+        self.type("\x04")
+        self.assertEqual(self.end(), 0)
+
     def test_interrupt_cancels_the_command_and_the_line(self):
         self.write("a.dxf", drawing(line()))
         self.start("a.dxf")
@@ -95,7 +132,7 @@ class Terminal(ConsoleTest):
         self.type("REGEN\r")
         self.wait_for("Regenerating model.\r\nCommand: ")
         self.type("\r")
-        self.wait_for("Regenerating model.\r\nCommand: ")
+        self.wait_for("\r\nREGEN\r\nRegenerating model.\r\nCommand: ")
         self.type("\x04")
         self.assertEqual(self.end(), 0)
 
@@ -108,7 +145,9 @@ class Terminal(ConsoleTest):
         self.wait_for("Enter new value for LUPREC <4>: ")
         self.type("\r")
         self.wait_for("Command: ")
-        self.type("-LAYER\r")
+        self.type("dimr\t")
+        self.assertIn("DIMRADIUS  DIMRND", self.wait_for("\r\nCommand: DIMR"))
+        self.type("\x15-LAYER\r")
         self.wait_for("Unlock]: ")
         self.type("ma\t\r")
         self.wait_for("(becomes the current layer)")

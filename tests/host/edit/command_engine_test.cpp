@@ -129,7 +129,8 @@ TEST_F(CommandEngineTest, ALineEndThatLeavesThePromptsLineMakesNoEmptyOne)
     printed();
     EXPECT_EQ(transcript(L"old x\n"), L"Command: old\nName: x\nx\n\nDone\nCommand: ");
     printed();
-    typeAtTerminal(L"old x\n");
+    typeAtTerminal(L"old\n");
+    typeAtTerminal(L"x\n");
     EXPECT_EQ(printed(), L"Name: x\n\nDone\nCommand: ");
 }
 
@@ -177,11 +178,24 @@ TEST_F(CommandEngineTest, EnterRepeatsTheLastTypedCommandAtATerminalOnly)
     EXPECT_EQ(heard(), L"");
 }
 
-TEST_F(CommandEngineTest, TerminalAnswersAreNotEchoed)
+// The terminal has shown a line where it was typed: behind the prompt of its first answer.
+TEST_F(CommandEngineTest, OfATerminalsLineTheFirstAnswerIsNotEchoed)
 {
     printed();
+    typeAtTerminal(L"ask one 2\n");
+    EXPECT_EQ(printed(), L"Command: Word: one\nNumber: 2\nText: ");
+    typeAtTerminal(L"three\n");
+    EXPECT_EQ(printed(), L"(one)(2)(three)\nCommand: ");
+    typeAtTerminal(L"ask one \n");
+    EXPECT_EQ(printed(), L"Word: one\nNumber: \nText: ");
+}
+
+TEST_F(CommandEngineTest, ARepeatedCommandIsNamed)
+{
     typeAtTerminal(L"ask one 2 three\n");
-    EXPECT_EQ(printed(), L"Command: Word: Number: Text: (one)(2)(three)\nCommand: ");
+    printed();
+    typeAtTerminal(L"\n");
+    EXPECT_EQ(printed(), L"ASK\nWord: ");
 }
 
 TEST_F(CommandEngineTest, TransparentCommandRunsInsideAPrompt)
