@@ -32,23 +32,26 @@ command::~command()
         editor->removeReactor(this);
 }
 
-void command::detachFrom(AcDbDatabase& database)
+void command::detach()
 {
-    database.removeReactor(this);
-    databases_.erase(numberOf(database));
+    if (AcDbDatabase* const database = workingDatabase()) {
+        database->removeReactor(this);
+        databases_.erase(numberOf(*database));
+    }
+    if (AcEditor* const editor = acedEditorPtr())
+        editor->removeReactor(this);
 }
 
 void command::attach()
 {
+    active_ = false;
+    detach();
     if (AcDbDatabase* const database = workingDatabase()) {
-        detachFrom(*database);
         database->addReactor(this);
         databases_.insert(numberOf(*database));
     }
-    if (AcEditor* const editor = acedEditorPtr()) {
-        editor->removeReactor(this);
+    if (AcEditor* const editor = acedEditorPtr())
         editor->addReactor(this);
-    }
 }
 
 void command::start(DrawingScript script, std::shared_ptr<const ObjectDef> object,
@@ -82,10 +85,7 @@ void command::cleanUp()
 {
     for (const HostVariable& variable : savedVariables_)
         WriteHostVariable(variable);
-    if (AcDbDatabase* const database = workingDatabase())
-        detachFrom(*database);
-    if (AcEditor* const editor = acedEditorPtr())
-        editor->removeReactor(this);
+    detach();
 }
 
 void command::commandEnded(const wchar_t* name)

@@ -34,7 +34,8 @@ public:
     command(const command&) = delete;
     command& operator=(const command&) = delete;
 
-    // Listens to the editor and the working drawing, behind everybody who listens already.
+    // Listens to the editor and the working drawing, behind everybody who listens already, and
+    // waits for nothing until a script is started: what was being drawn is left as it is.
     void attach();
     // Takes the place of what is being drawn, whose saved variables are not written back, and types
     // the script's command. The saved variables are written when the drawing ends.
@@ -54,8 +55,8 @@ private:
     bool waitsFor(const wchar_t* name) const;
     void typeCommand() const;
     void finishAppended() const;
-    void cleanUp(); // the working drawing need not be the one that was drawn in
-    void detachFrom(AcDbDatabase& database);
+    void cleanUp();
+    void detach(); // the working drawing need not be the one that was drawn in
 
     std::shared_ptr<const ObjectDef> context_;
     bool active_ = false;

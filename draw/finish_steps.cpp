@@ -165,6 +165,5 @@ void FinishCircleFromPoint(const ObjectDef& object, AcDbObjectId id)
     circle->setRadius(object.props.circleRadius.value);
     circle.close();
     point->erase();
-    point.close();
     FinishObject(object, circleId);
 }

@@ -26,9 +26,7 @@ AcDbObjectId writeMText(const Props& props, const AcGePoint3d& point, const std:
     if (isGiven(props, &Props::textHeight))
         text->setTextHeight(props.textHeight.value);
     if (isGiven(props, &Props::textStyle))
-        if (const AcDbObjectId style = textStyleNamed(*text->database(), props.textStyle.value);
-            !style.isNull())
-            text->setTextStyle(style);
+        setTextStyleNamed(*text, props.textStyle.value);
     double gutter = 0.0;
     text->getColumnGutterWidth(gutter);
     // a column as wide as its letters are high: the lines are not wrapped by it

@@ -29,9 +29,7 @@ AcDbObjectId writeText(const Props& props, const AcGePoint3d& point, const std::
         alignAt(*text, point);
     }
     if (isGiven(props, &Props::textStyle))
-        if (const AcDbObjectId style = textStyleNamed(*text->database(), props.textStyle.value);
-            !style.isNull())
-            text->setTextStyle(style);
+        setTextStyleNamed(*text, props.textStyle.value);
     return id;
 }
 

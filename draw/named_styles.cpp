@@ -6,21 +6,13 @@
 
 namespace {
 
-AcDbObjectId recordNamed(AcDbObjectId tableId, std::wstring_view name)
+// A record of a symbol table or an entry of a dictionary.
+template <class Holder> AcDbObjectId named(AcDbObjectId holderId, std::wstring_view name)
 {
-    const AcDbObjectPointer<AcDbSymbolTable> table(tableId, AcDb::kForRead);
+    const AcDbObjectPointer<Holder> holder(holderId, AcDb::kForRead);
     AcDbObjectId id;
-    if (table)
-        table->getAt(name, id);
-    return id;
-}
-
-AcDbObjectId entryNamed(AcDbObjectId dictionaryId, std::wstring_view name)
-{
-    const AcDbObjectPointer<AcDbDictionary> dictionary(dictionaryId, AcDb::kForRead);
-    AcDbObjectId id;
-    if (dictionary)
-        dictionary->getAt(name, id);
+    if (holder)
+        holder->getAt(name, id);
     return id;
 }
 
@@ -28,21 +20,22 @@ AcDbObjectId entryNamed(AcDbObjectId dictionaryId, std::wstring_view name)
 
 AcDbObjectId blockNamed(const AcDbDatabase& database, std::wstring_view name)
 {
-    return recordNamed(database.blockTableId(), name);
+    return named<AcDbSymbolTable>(database.blockTableId(), name);
 }
 
 AcDbObjectId dimensionStyleNamed(const AcDbDatabase& database, std::wstring_view name)
 {
-    return recordNamed(database.dimStyleTableId(), name);
+    return named<AcDbSymbolTable>(database.dimStyleTableId(), name);
 }
 
 AcDbObjectId textStyleNamed(const AcDbDatabase& database, std::wstring_view name)
 {
-    return recordNamed(database.textStyleTableId(), name);
+    return named<AcDbSymbolTable>(database.textStyleTableId(), name);
 }
 
 AcDbObjectId dictionaryEntry(const AcDbDatabase& database, std::wstring_view dictionary,
                              std::wstring_view name)
 {
-    return entryNamed(entryNamed(database.namedObjectsDictionaryId(), dictionary), name);
+    return named<AcDbDictionary>(
+        named<AcDbDictionary>(database.namedObjectsDictionaryId(), dictionary), name);
 }

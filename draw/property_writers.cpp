@@ -2,6 +2,7 @@
 
 #include "draw/close_spline.h"
 #include "draw/named_styles.h"
+#include "host/db/angle.h"
 #include "host/db/block_reference.h"
 #include "host/db/circle.h"
 #include "host/db/dimension.h"
@@ -16,8 +17,6 @@
 #include "host/db/sequence.h"
 #include "host/db/text.h"
 #include "objects/entity_properties.h"
-
-#include <numbers>
 
 namespace {
 
@@ -74,11 +73,6 @@ void assignColor(const WantedLook& look, AcDbEntity& entity, ColorList Props::*p
         write(*color);
 }
 
-double radians(double degrees)
-{
-    return degrees * std::numbers::pi / 180.0;
-}
-
 void assign3dPolyline(const WantedLook& look, AcDbEntity& entity)
 {
     assign(look, entity, &Props::closed,
@@ -106,7 +100,7 @@ void assignHatch(const WantedLook& look, AcDbEntity& entity)
            [&](const std::wstring& name) { setPattern(hatch, name); });
     assignBackgroundColor(look, hatch);
     assign(look, entity, &Props::patternAngle,
-           [&](double angle) { hatch.setPatternAngle(radians(angle)); });
+           [&](double angle) { hatch.setPatternAngle(host::toRadians(angle)); });
     assign(look, entity, &Props::patternScale, [&](double scale) { hatch.setPatternScale(scale); });
     // the lines follow a new angle and scale only when the pattern is set again
     setPattern(hatch, hatch.patternName());
@@ -135,7 +129,7 @@ void assignMPolygon(const WantedLook& look, AcDbEntity& entity)
 {
     auto& polygon = as<AcDbMPolygon>(entity);
     assign(look, entity, &Props::patternAngle,
-           [&](double angle) { polygon.setPatternAngle(radians(angle)); });
+           [&](double angle) { polygon.setPatternAngle(host::toRadians(angle)); });
     assignColor(look, entity, &Props::patternColor,
                 [&](const AcCmColor& color) { polygon.setPatternColor(color); });
     assign(look, entity, &Props::patternScale,
@@ -149,11 +143,8 @@ template <class T> void assignTextStyle(const WantedLook& look, AcDbEntity& enti
 {
     if (look.force)
         return;
-    assign(look, entity, &Props::textStyle, [&](const std::wstring& name) {
-        const AcDbObjectId style = textStyleNamed(*entity.database(), name);
-        if (!style.isNull())
-            as<T>(entity).setTextStyle(style);
-    });
+    assign(look, entity, &Props::textStyle,
+           [&](const std::wstring& name) { setTextStyleNamed(as<T>(entity), name); });
 }
 
 void assignMText(const WantedLook& look, AcDbEntity& entity)

@@ -2,6 +2,7 @@
 
 #include "host/db/block_begin.h"
 #include "host/db/dictionary.h"
+#include "host/db/dimension.h"
 #include "host/db/drawing.h"
 #include "host/db/entity.h"
 #include "host/db/object_pointer.h"
@@ -26,6 +27,15 @@ constexpr int kScaling = 281;
 constexpr int kLayout = 340;
 constexpr int kPaperSpaceCode = 67;
 constexpr int kLayoutNameCode = 410;
+
+// A dimension that comes into a space without a block of its own, as one out of a block does, is
+// drawn there; one that measures nothing yet stays as it is.
+void drawIfBare(AcDbEntity& entity)
+{
+    AcDbDimension* const dimension = AcDbDimension::cast(&entity);
+    if (dimension && dimension->dimBlockId().isNull())
+        dimension->recomputeDimBlock();
+}
 
 bool isSpaceName(std::wstring_view name)
 {
@@ -243,6 +253,8 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
     block.record = stubNumber();
     block.entities.push_back(entity->stubNumber());
     id = entity->objectId();
+    if (isLayout())
+        drawIfBare(*entity);
     return host::hangNewChildren(*entity);
 }
 

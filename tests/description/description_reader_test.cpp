@@ -225,22 +225,6 @@ TEST_F(DescriptionReader, VariablesBelongToTheFileUntilAnObjectOpens)
     EXPECT_EQ(own[0].integer, 4464); // 70000 in 16 bits
 }
 
-TEST_F(DescriptionReader, PointVariablesKeepTheirValueWhenReadAgain)
-{
-    HostVariable variable;
-    variable.name = L"INSBASE";
-    variable.reals = {4.0, 5.0, 6.0};
-    ASSERT_TRUE(ReadHostVariable(variable));
-    EXPECT_EQ(variable.type, HostVariableType::point3d);
-    EXPECT_EQ(variable.reals, (std::array{4.0, 5.0, 6.0}));
-    EXPECT_TRUE(WriteHostVariable(variable));
-    resbuf value;
-    ASSERT_EQ(acedGetVar(L"INSBASE", value), RTNORM);
-    EXPECT_EQ(value.resval.rpoint, (ads_point{4.0, 5.0, 6.0}));
-    variable.type = HostVariableType::unknown;
-    EXPECT_FALSE(WriteHostVariable(variable));
-}
-
 TEST_F(DescriptionReader, ByteOrderMarksAndGreekLettersAreRead)
 {
     read(L"\uFEFFobj_name\t\u03A3\u03A4\u039F\u0391\t1\t1\nobj_type\tLine\n");

@@ -1,5 +1,6 @@
 #include "draw/draw_object.h"
 #include "draw/property_prompts.h"
+#include "host/db/hatch.h"
 #include "host/db/symbol_tables.h"
 #include "session/notices.h"
 #include "store/od_tables.h"
@@ -99,51 +100,25 @@ TEST_F(DrawCommandTest, AnObjectWithoutATypeKeepsItsVariables)
     EXPECT_EQ(host::integerVariable(L"LUPREC", -1), 6);
 }
 
-TEST_F(DrawCommandTest, ATypeThatIsNotDrawnIsToldAndKeepsItsVariables)
-{
-    describe("obj_name|Tank|1|5\nobj_type|3DSolid\nvariable|LUPREC|6\n");
-    EXPECT_TRUE(
-        tells(transcript(L"kelmaro_draw Tank\n"), L"KELMARO message\nDrawing not supported.\n"));
-    EXPECT_EQ(host::integerVariable(L"LUPREC", -1), 6);
-    type(L"line 0,0 1,0\n\n");
-    EXPECT_EQ(host::integerVariable(L"LUPREC", -1), 6);
-}
-
 TEST_F(DrawCommandTest, VariablesOfTheFileStayAndThoseOfTheObjectGoBack)
 {
     session().documents().newDocument();
     describe("variable|LUPREC|5\nobj_name|Wall|1|5\nobj_type|Line\n"
              "variable|TEXTSIZE|7.5\nvariable|CMLSTYLE|Standard\nvariable|LUPREC|6\n"
-             "variable|INSBASE|1,2,3\n");
+             "variable|AUPREC|6\nvariable|AUPREC|7\nvariable|INSBASE|1,2,3\n");
     const double size = host::realVariable(L"TEXTSIZE", 0.0);
     type(L"setvar luprec 2\n");
     type(L"kelmaro_draw Wall\n0,0\n");
     EXPECT_EQ(host::integerVariable(L"LUPREC", -1), 6);
     EXPECT_EQ(host::realVariable(L"TEXTSIZE", 0.0), 7.5);
+    EXPECT_EQ(host::integerVariable(L"AUPREC", -1), 7);
     type(L"\x3");
     EXPECT_EQ(host::integerVariable(L"LUPREC", -1), 5);
     EXPECT_EQ(host::realVariable(L"TEXTSIZE", 0.0), size);
+    EXPECT_EQ(host::integerVariable(L"AUPREC", -1), 6); // as the second line found it
     resbuf base;
     acedGetVar(L"INSBASE", base);
     EXPECT_EQ(AcGePoint3d(base.resval.rpoint), AcGePoint3d(1, 2, 3)); // points are not put back
-}
-
-TEST_F(DrawCommandTest, AnOpenColourIsAskedForAtEachDraw)
-{
-    describe("obj_name|Wall|1|5\nobj_type|Line\nobj_prop|color|*\n");
-    EXPECT_TRUE(tells(transcript(L"kelmaro_draw Wall\n5\n0,0\n1,0\n\n\x3"), L"color: 5\n"));
-    EXPECT_TRUE(
-        tells(transcript(L"kelmaro_draw Wall\n(1 2 3)\n0,1\n1,1\n\n\x3"), L"color: (1 2 3)\n"));
-    // Enter alone is an answer, of nothing
-    EXPECT_TRUE(tells(transcript(L"kelmaro_draw Wall\n\n0,2\n1,2\n\n\x3"), L"color: \n"));
-    const std::vector<AcDbObjectId> lines = entities();
-    ASSERT_EQ(lines.size(), 3u);
-    EXPECT_EQ(opened<AcDbEntity>(lines[0])->colorIndex(), 5);
-    AcCmColor dark;
-    dark.setRGB(1, 2, 3);
-    EXPECT_EQ(opened<AcDbEntity>(lines[1])->color(), dark);
-    EXPECT_EQ(opened<AcDbEntity>(lines[2])->colorIndex(), 256);
-    EXPECT_EQ(description().objects.at(L"wall").props.color, ColorList{ColorEntry{}});
 }
 
 TEST_F(DrawCommandTest, AWrongOrCancelledAnswerEndsTheDraw)
@@ -154,6 +129,10 @@ TEST_F(DrawCommandTest, AWrongOrCancelledAnswerEndsTheDraw)
         EXPECT_EQ(session().engine().waiting().kind, host::WaitKind::command);
         EXPECT_EQ(host::integerVariable(L"LUPREC", -1), 4);
     }
+    // Enter alone is an answer, of nothing; the definition stays open
+    type(L"kelmaro_draw Wall\n\n0,0\n1,0\n\n\x3kelmaro_draw Wall\n(1 2 3)\n0,1\n1,1\n\n\x3");
+    EXPECT_EQ(opened<AcDbEntity>(entities().front())->colorIndex(), 256);
+    EXPECT_EQ(opened<AcDbEntity>(last())->color().blue(), 3);
 }
 
 // A description cannot state these wildcards, a model can hold them.
@@ -209,4 +188,36 @@ TEST_F(DrawCommandTest, NoCurrentSettingIsTouched)
     EXPECT_EQ(host::integerVariable(L"CECOLOR", -1), 3);
     type(L"\x3");
     EXPECT_EQ(drawn(), (Looks{"Line Walls 1"}));
+}
+
+// One pass ends it.
+TEST_F(DrawCommandTest, HatchesAreNotRepeated)
+{
+    struct Row {
+        const char* lines;
+        const wchar_t* pattern;
+    };
+    for (const Row& row : {Row{"obj_prop|pattern|Solid\nobj_prop|patternscale|3\n", L"SOLID"},
+                           Row{"obj_prop|pattern|ansi31\nobj_prop|patternscale|0.5\n"
+                               "obj_prop|patternangle|30\n",
+                               L"ANSI31"},
+                           Row{"obj_prop|pattern|ansi31\nobj_prop|patternangle|30\n", L"ANSI31"}}) {
+        SCOPED_TRACE(row.lines);
+        DxfDrawing drawing;
+        drawing.layer("Walls");
+        drawing.entity("LWPOLYLINE", "AcDbPolyline",
+                       "90\n3\n70\n1\n10\n0.0\n20\n0.0\n10\n9.0\n20\n0.0\n10\n9.0\n20\n9.0\n");
+        open(drawing, "area.dxf");
+        load(std::string("obj_name|Thing|1|5\nobj_type|Hatch\nobj_prop|layer|walls\n"
+                         "obj_prop|backgroundcolor|3\nvariable|LUPREC|6\n") +
+             row.lines);
+        const std::wstring printed = transcript(L"kelmaro_draw Thing\n8,5\n\n");
+        EXPECT_EQ(session().engine().waiting().kind, host::WaitKind::command);
+        EXPECT_EQ(host::integerVariable(L"LUPREC", -1), 4);
+        ASSERT_EQ(entities().size(), 2u) << host::toUtf8(printed);
+        EXPECT_EQ(look(last()), "Hatch Walls 256");
+        const auto hatch = opened<AcDbHatch>(last());
+        EXPECT_EQ(hatch->patternName(), row.pattern);
+        EXPECT_EQ(hatch->backgroundColor().colorIndex(), 3);
+    }
 }

@@ -1,12 +1,10 @@
 #include "draw/drawing_engine.h"
 
-#include "draw/draw_object.h"
-#include "draw/start_drawing.h"
-#include "host/db/line.h"
 #include "host/db/point_entity.h"
 #include "host/edit/command_call.h"
 #include "tests/support/drawing_test.h"
 
+#include <functional>
 #include <stdexcept>
 
 namespace {
@@ -30,7 +28,9 @@ const char* const kObjects = "obj_name|Wall|1|5\n"
                              "obj_name|Arch|1|5\n"
                              "obj_type|Arc\n"
                              "obj_prop|color|3\n"
-                             "variable|LUPREC|7\n";
+                             "variable|LUPREC|7\n"
+                             "obj_name|Tank|1|5\n"
+                             "obj_type|3DSolid\n";
 
 const std::string kWall = "Line Walls 1 WALLS";
 const std::string kSpot = "Point Walls 2 SPOTS";
@@ -75,35 +75,8 @@ void pointOrFailure()
         throw std::runtime_error("no place");
 }
 
-// Appends a helping point and takes it back.
-void pointWithHelp()
-{
-    ads_point place{};
-    if (acedGetPoint(nullptr, L"Place: ", place) != RTNORM)
-        return;
-    appendPoint();
-    appendPoint();
-    AcDbObjectId first;
-    {
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(
-            acdbHostApplicationServices()->workingDatabase()->modelSpaceId(), AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-        space->newIterator(walk);
-        first = walk->entityId();
-    }
-    AcDbObjectPointer<AcDbEntity>(first, AcDb::kForWrite)->erase();
-}
-
 void endAtOnce()
 {
-}
-
-// Draws a wall once.
-void drawWallOnce()
-{
-    const std::shared_ptr<Description> description = session().description;
-    const ObjectDef& wall = description->objects.at(L"wall");
-    StartDrawing(std::shared_ptr<const ObjectDef>(description, &wall), false, {});
 }
 
 } // namespace
@@ -155,16 +128,6 @@ TEST_F(EngineTest, ACancelledPassIsFinishedAsFarAsItCame)
     }
 }
 
-TEST_F(EngineTest, WithoutRepeatOnePassEndsTheDrawing)
-{
-    command(L"DRAWONCE", drawWallOnce);
-    type(L"drawonce\n0,0\n1,0\n\n");
-    EXPECT_TRUE(atCommandPrompt());
-    EXPECT_EQ(drawn(), (Looks{kWall}));
-    type(L"line 0,0 1,1\n\n");
-    EXPECT_EQ(drawn(), (Looks{kWall, kPlainLine}));
-}
-
 TEST_F(EngineTest, AFailedCommandPutsTheVariablesBackAndFinishesNothing)
 {
     replaceCommand(L"POINT", pointOrFailure);
@@ -187,10 +150,6 @@ TEST_F(EngineTest, OtherCommandsDoNotEndTheDrawing)
 
 TEST_F(EngineTest, WhatTheCommandErasesAgainIsForgotten)
 {
-    replaceCommand(L"POINT", pointWithHelp);
-    type(L"kelmaro_draw Spot\n1,1\n\x3");
-    EXPECT_EQ(drawn(), (Looks{kSpot}));
-    openPlain("lines.dxf");
     type(L"kelmaro_draw Wall\n0,0\n1,0\nu\n0,1\n\n\x3");
     EXPECT_EQ(drawn(), (Looks{kWall}));
 }
@@ -207,6 +166,37 @@ TEST_F(EngineTest, AScriptStartedWhileAnotherWaitsTakesItsPlace)
     EXPECT_EQ(luprec(), 7); // 4 is lost, and 7 was there when the spot began
 }
 
+// Nothing is waited for any more: the arch would be finished as a tank.
+TEST_F(EngineTest, AnObjectThatIsNotDrawnEndsTheWaitingToo)
+{
+    replaceCommand(L"3DFACE", endAtOnce);
+    type(L"kelmaro_draw Arch\n0,0\n1,1\n2,0\n");
+    EXPECT_TRUE(
+        tells(transcript(L"kelmaro_draw Tank\n"), L"KELMARO message\nDrawing not supported.\n"));
+    type(L"3dface\n");
+    EXPECT_TRUE(atCommandPrompt());
+    EXPECT_EQ(drawn(), (Looks{"Arc 0 256"}));
+    EXPECT_EQ(luprec(), 7);
+}
+
+// One who came between two draws hears of the end before the entities are finished.
+TEST_F(EngineTest, ANewDrawListensBehindEverybody)
+{
+    struct Listener final : AcEditorReactor {
+        void commandEnded(const wchar_t*) override { heard = look(); }
+        std::function<Looks()> look;
+        Looks heard;
+    } listener;
+    listener.look = [this] { return drawn(); };
+    replaceCommand(L"3DFACE", endAtOnce);
+    type(L"kelmaro_draw Arch\n\x3"); // it goes on listening
+    acedEditorPtr()->addReactor(&listener);
+    type(L"kelmaro_draw Spot\n1,1\n");
+    acedEditorPtr()->removeReactor(&listener);
+    EXPECT_EQ(listener.heard, (Looks{kPlainPoint}));
+    EXPECT_EQ(drawn(), (Looks{kSpot}));
+}
+
 TEST_F(EngineTest, TheEndThatAnArchWaitsForFinishesAllArches)
 {
     replaceCommand(L"3DFACE", endAtOnce);
@@ -214,15 +204,6 @@ TEST_F(EngineTest, TheEndThatAnArchWaitsForFinishesAllArches)
     EXPECT_EQ(drawn(), (Looks{"Arc 0 256", "Arc 0 256"}));
     type(L"3dface\n\x3");
     EXPECT_EQ(drawn(), (Looks{"Arc 0 3", "Arc 0 3"}));
-}
-
-TEST_F(EngineTest, OnlyTheObjectsTypesAreCollected)
-{
-    load("obj_name|Wall|1|5\nobj_type|Line,Arc\nobj_prop|color|1\n");
-    replaceCommand(L"LINE", appendPoint);
-    type(L"kelmaro_draw Wall\n");
-    endInput();
-    EXPECT_EQ(drawn().front(), kPlainPoint);
 }
 
 // A command that ends without asking is queued again by its own end.

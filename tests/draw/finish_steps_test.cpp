@@ -24,25 +24,6 @@ namespace {
 
 const EntityBody kPoint{"POINT", "AcDbPoint", "10\n3.0\n20\n4.0\n30\n5.0\n"};
 const EntityBody kLine{"LINE", "AcDbLine", kOrigin + "11\n1.0\n21\n0.0\n31\n0.0\n"};
-const EntityBody kClosedMline{
-    "MLINE", "AcDbMline",
-    "2\nSTANDARD\n340\nF18\n40\n20.0\n70\n2\n71\n3\n72\n2\n73\n0\n" + kOrigin +
-        "210\n0.0\n220\n0.0\n230\n1.0\n11\n0.0\n21\n0.0\n31\n0.0\n12\n1.0\n22\n0.0\n32\n0.0\n13\n"
-        "0.0\n23\n1.0\n33\n0.0\n11\n8.0\n21\n0.0\n31\n0.0\n12\n1.0\n22\n0.0\n32\n0.0\n13\n0.0\n"
-        "23\n1.0\n33\n0.0\n"};
-const EntityBody kSpline{"SPLINE", "AcDbSpline",
-                         "70\n8\n71\n1\n72\n5\n73\n3\n74\n0\n40\n0.0\n40\n0.0\n40\n1.0\n40\n2.0\n"
-                         "40\n2.0\n10\n0.0\n20\n0.0\n30\n0.0\n10\n4.0\n20\n0.0\n30\n0.0\n10\n4.0\n"
-                         "20\n3.0\n30\n0.0\n"};
-const EntityBody kDimension{"DIMENSION", "AcDbDimension",
-                            kOrigin +
-                                "70\n1\n3\nStandard\n100\nAcDbAlignedDimension\n13\n0.0\n23\n0.0\n"
-                                "33\n0.0\n14\n1.0\n24\n0.0\n34\n0.0\n"};
-const EntityBody kMLeader{"MULTILEADER", "AcDbMLeader",
-                          "300\nCONTEXT_DATA{\n40\n1.0\n301\n}\n340\nF28\n90\n0\n"};
-const EntityBody kSpacePath{"POLYLINE", "AcDb3dPolyline",
-                            "66\n1\n" + kOrigin +
-                                "70\n8\n0\nSEQEND\n5\nF30\n100\nAcDbEntity\n8\n0\n"};
 
 std::string pathOf(int vertices)
 {
@@ -69,6 +50,9 @@ protected:
         drawing.rootEntry("ACAD_MLEADERSTYLE", "F27");
         drawing.object("0\nDICTIONARY\n5\nF27\n330\nC\n100\nAcDbDictionary\n281\n1\n3\nCallout\n"
                        "350\nF29\n0\nMLEADERSTYLE\n5\nF29\n330\nF27\n100\nAcDbMLeaderStyle\n");
+        drawing.block("Measure", 0,
+                      "0\nDIMENSION\n5\nE3\n100\nAcDbEntity\n8\n0\n100\nAcDbDimension\n" +
+                          kAligned.fields);
         drawing.block("Pair", 0,
                       "0\nLINE\n5\nE1\n100\nAcDbEntity\n8\n0\n100\nAcDbLine\n10\n0.0\n20\n0.0\n11\n"
                       "1.0\n21\n0.0\n0\nCIRCLE\n5\nE2\n100\nAcDbEntity\n8\n0\n62\n5\n100\n"
@@ -87,13 +71,6 @@ protected:
 
     AcDbObjectId given; // the first of the entities
 };
-
-std::string number(double value)
-{
-    char digits[40];
-    std::snprintf(digits, sizeof digits, "%.4g", value + 0.0);
-    return digits;
-}
 
 } // namespace
 
@@ -157,11 +134,13 @@ TEST_F(FinishTest, APolylineInSpaceIsClosed)
 
 TEST_F(FinishTest, StylesOfDimensionsAndLeaders)
 {
-    finish(kDimension, FinishDimension, "obj_prop|dimensionstyle|plan\n");
+    finish(kAligned, FinishDimension, "obj_prop|dimensionstyle|plan\n");
     EXPECT_EQ(opened<AcDbDimension>(last())->dimensionStyleName(), L"Plan");
-    finish(kMLeader, FinishMLeader, "obj_prop|mleaderstyle|callout\n");
+    finish(kAligned, FinishDimension, "obj_prop|dimensionstyle|nowhere\n");
+    EXPECT_EQ(look(last()), "Dimension Walls 1 THINGS");
+    finish(kCallout, FinishMLeader, "obj_prop|mleaderstyle|callout\n");
     EXPECT_EQ(opened<AcDbMLeader>(last())->MLeaderStyle(), idOf("F29"));
-    finish(kMLeader, FinishMLeader, "obj_prop|mleaderstyle|nowhere\n");
+    finish(kCallout, FinishMLeader, "obj_prop|mleaderstyle|nowhere\n");
     EXPECT_EQ(opened<AcDbMLeader>(last())->MLeaderStyle(), idOf("F28"));
 }
 
@@ -185,15 +164,16 @@ TEST_F(FinishTest, APolygonGetsItsPattern)
     EXPECT_NEAR(polygon->patternAngle(), std::numbers::pi / 2, 1e-12);
     EXPECT_EQ(polygon->patternScale(), 0.5);
     EXPECT_EQ(polygon->patternColor().green(), 8);
+    EXPECT_EQ(polygon->patternName(), L"ANSI31");
     EXPECT_EQ(look(last()), "MPolygon Walls 1 THINGS");
 }
 
 TEST_F(FinishTest, ASplineStepWorksOnTheLastEntity)
 {
-    finish({kLine, kSpline}, FinishSpline, "obj_prop|closed|1\n");
+    finish({kLine, kOpenSpline}, FinishSpline, "obj_prop|closed|1\n");
     EXPECT_EQ(drawn(), (Looks{"Line 0 256", "Spline Walls 1 THINGS"}));
     EXPECT_TRUE(opened<AcDbSpline>(last())->isClosed());
-    finish({kSpline}, FinishSpline, "obj_prop|closed|0\n");
+    finish({kOpenSpline}, FinishSpline, "obj_prop|closed|0\n");
     EXPECT_FALSE(opened<AcDbSpline>(last())->isClosed());
 }
 
@@ -209,10 +189,15 @@ TEST_F(FinishTest, ACircleTakesThePlaceOfAPoint)
 
 TEST_F(FinishTest, PartsOfAnExplosionAreTheObject)
 {
-    const EntityBody reference{"INSERT", "AcDbBlockReference", "2\nPair\n" + kOrigin};
-    finish(reference, FinishObject, "obj_prop|explode|1\n");
+    const EntityBody pair{"INSERT", "AcDbBlockReference", "2\nPair\n" + kOrigin};
+    finish(pair, FinishObject, "obj_prop|explode|1\n");
     EXPECT_TRUE(given.isErased());
     EXPECT_EQ(drawn(), (Looks{"Line Walls 1 THINGS", "Circle Walls 1 THINGS"}));
+
+    const EntityBody measure{"INSERT", "AcDbBlockReference", "2\nMeasure\n" + kOrigin};
+    finish(measure, FinishObject, "obj_prop|explode|1\n");
+    EXPECT_EQ(drawn(), (Looks{"Dimension Walls 1 THINGS"}));
+    EXPECT_FALSE(opened<AcDbDimension>(last())->dimBlockId().isNull()); // it is seen
 
     EntityBody path = kPath;
     path.fields = pathOf(3);
@@ -254,7 +239,7 @@ TEST_F(FinishTest, ABoundaryIsClosedAndFilled)
     EXPECT_EQ(loops[0].polyline[3].point, AcGePoint2d(4, 3));
     // at 45 and 30 degrees, 3.175 apart, twice
     ASSERT_EQ(hatch->patternLines().size(), 1u);
-    EXPECT_EQ(number(hatch->patternLines()[0].angle * 180 / std::numbers::pi), "75");
+    EXPECT_NEAR(hatch->patternLines()[0].angle, std::numbers::pi * 75 / 180, 1e-9);
 }
 
 TEST_F(FinishTest, ABoundaryOfTwoVerticesLeavesNothing)

@@ -38,10 +38,6 @@ const EntityBody kHalfEllipse{"ELLIPSE", "AcDbEllipse",
                                         "3.141592653589793\n"};
 const EntityBody kReference{"INSERT", "AcDbBlockReference",
                             "2\nDoor\n" + kOrigin + "41\n0.001\n42\n0.001\n43\n0.001\n50\n30.0\n"};
-const EntityBody kAligned{"DIMENSION", "AcDbDimension",
-                          kOrigin +
-                              "70\n1\n3\nSurvey\n100\nAcDbAlignedDimension\n13\n0.0\n23\n0.0\n33\n"
-                              "0.0\n14\n1.0\n24\n0.0\n34\n0.0\n"};
 const EntityBody kRotated{
     "DIMENSION", "AcDbDimension",
     kOrigin + "70\n0\n3\nSurvey\n100\nAcDbAlignedDimension\n13\n0.0\n23\n0.0\n33\n"

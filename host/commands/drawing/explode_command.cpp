@@ -4,7 +4,6 @@
 #include "host/db/block_reference.h"
 #include "host/db/block_table.h"
 #include "host/db/database.h"
-#include "host/db/dimension.h"
 #include "host/edit/command_line.h"
 #include "host/edit/document.h"
 #include "host/edit/pick_first.h"
@@ -39,11 +38,7 @@ void append(AcDbObjectId blockId, Parts& parts)
     for (std::unique_ptr<AcDbEntity>& part : parts) {
         AcDbObjectPointer<AcDbEntity> entity;
         entity.acquire(part.release());
-        if (block->appendAcDbEntity(entity.object()) != Acad::eOk)
-            continue;
-        AcDbDimension* const dimension = AcDbDimension::cast(entity.object());
-        if (dimension && dimension->dimBlockId().isNull())
-            dimension->recomputeDimBlock();
+        block->appendAcDbEntity(entity.object());
     }
 }
 
