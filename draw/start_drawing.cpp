@@ -1,6 +1,7 @@
 #include "draw/start_drawing.h"
 
 #include "draw/drawing_scripts.h"
+#include "host/ui/frame_window.h"
 #include "host/ui/message_box.h"
 #include "text/messages.h"
 
@@ -9,11 +10,13 @@ void StartDrawing(std::shared_ptr<const ObjectDef> object, bool repeat,
 {
     if (object->props.types.empty())
         return tell(Message::objectWithoutType);
+    CMDIFrameWnd* const frame = acedGetAcadFrame();
+    frame->SetFocus(); // what is drawn is answered there, also when a palette began it
     drawingEngine().attach();
 
     ScriptChoice choice = chooseScript(object->props);
     if (choice.unsupported)
-        MessageBoxW(nullptr, textOf(Message::drawingNotSupported), textOf(Message::boxTitle),
+        MessageBoxW(frame, textOf(Message::drawingNotSupported), textOf(Message::boxTitle),
                     MB_ICONWARNING);
     if (!choice.script)
         return;

@@ -2,6 +2,7 @@
 #include "draw/property_prompts.h"
 #include "host/db/hatch.h"
 #include "host/db/symbol_tables.h"
+#include "host/ui/frame_window.h"
 #include "session/notices.h"
 #include "store/od_tables.h"
 #include "tests/support/drawing_test.h"
@@ -55,7 +56,9 @@ TEST_F(DrawCommandTest, WithoutADescriptionOrANameNothingHappens)
 TEST_F(DrawCommandTest, TheNameIsFoundInAnyCaseAndToldAsTyped)
 {
     describe(kWall);
+    acedGetAcadFrame()->KillFocus();
     type(L"kelmaro_draw wALL\n0,0\n1,0\n\n\x3");
+    EXPECT_TRUE(acedGetAcadFrame()->hasFocus());
     EXPECT_EQ(drawn(), (Looks{"Line Walls 256 WALLS"}));
     EXPECT_EQ(noticed, std::vector<std::wstring>{L"wALL"});
     EXPECT_EQ(description().current.props.name, L"Wall");
