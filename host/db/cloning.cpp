@@ -227,7 +227,7 @@ Acad::ErrorStatus Cloner::putSymbol(const CloneItem& item, AcDbObject& copy)
 // "*" and a letter.
 std::wstring Cloner::nameOfBlock(const CloneItem& item)
 {
-    const std::wstring name = host::spaceNameOf(host::symbolName(from_, kBlocks, item.original));
+    std::wstring name = host::spaceNameOf(host::symbolName(from_, kBlocks, item.original));
     if (!name.starts_with(L'*') || name.size() < 2)
         return name;
     constexpr std::wstring_view paper = ACDB_PAPER_SPACE;

@@ -105,6 +105,17 @@ AcGeVector2d DimensionScene::lift(double angle, double lineAngle, AcGeVector2d o
     return up * (down ? -height : height);
 }
 
+bool drawAsKind(DimensionScene& scene, std::span<const DimensionDrawing> kinds)
+{
+    const auto kind = std::find_if(kinds.begin(), kinds.end(), [&](const DimensionDrawing& one) {
+        return scene.dimension.isKindOf(one.type());
+    });
+    if (kind == kinds.end())
+        return false;
+    kind->draw(scene);
+    return true;
+}
+
 void drawSpans(const std::function<void(double, double)>& draw, std::span<const TrackSpan> spans,
                std::optional<TrackSpan> gap)
 {

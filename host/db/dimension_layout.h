@@ -37,6 +37,14 @@ struct DimensionScene {
     AcGeVector2d lift(double angle, double lineAngle, AcGeVector2d outward) const;
 };
 
+// How one kind of dimension is drawn.
+struct DimensionDrawing {
+    AcRxClass* (*type)();
+    void (*draw)(DimensionScene&);
+};
+// False when the dimension is of none of the kinds.
+bool drawAsKind(DimensionScene& scene, std::span<const DimensionDrawing> kinds);
+
 // A dimension line between two arrows, by the length along it from the first one's tip.
 struct DimensionTrack {
     double length;

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
 namespace host {
 
@@ -180,12 +179,7 @@ void drawOrdinate(DimensionScene& scene)
         scene.picture.definitionPoint(p);
 }
 
-struct Kind {
-    AcRxClass* (*type)();
-    void (*draw)(DimensionScene&);
-};
-
-constexpr Kind kKinds[] = {
+constexpr DimensionDrawing kKinds[] = {
     {AcDbRadialDimension::desc, drawRadius},
     {AcDbDiametricDimension::desc, drawDiameter},
     {AcDbRadialDimensionLarge::desc, drawJogged},
@@ -196,13 +190,7 @@ constexpr Kind kKinds[] = {
 
 bool drawLed(DimensionScene& scene)
 {
-    const auto kind = std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& one) {
-        return scene.dimension.isKindOf(one.type());
-    });
-    if (kind == std::end(kKinds))
-        return false;
-    kind->draw(scene);
-    return true;
+    return drawAsKind(scene, kKinds);
 }
 
 } // namespace host

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <numbers>
 
 namespace host {
@@ -149,12 +148,7 @@ void drawArcLength(DimensionScene& scene)
     scene.picture.definitionPoint(span.at(span.start + 0.5 * span.sweep));
 }
 
-struct Kind {
-    AcRxClass* (*type)();
-    void (*draw)(DimensionScene&);
-};
-
-constexpr Kind kKinds[] = {
+constexpr DimensionDrawing kKinds[] = {
     {AcDbRotatedDimension::desc, drawRotated},
     {AcDbAlignedDimension::desc, drawAligned},
     {AcDb2LineAngularDimension::desc, drawAngleOfLines},
@@ -166,13 +160,7 @@ constexpr Kind kKinds[] = {
 
 bool drawSpanned(DimensionScene& scene)
 {
-    const auto kind = std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& one) {
-        return scene.dimension.isKindOf(one.type());
-    });
-    if (kind == std::end(kKinds))
-        return false;
-    kind->draw(scene);
-    return true;
+    return drawAsKind(scene, kKinds);
 }
 
 } // namespace host

@@ -34,6 +34,7 @@ std::vector<AcGePoint3d> AcDbRasterImage::frame() const
     if (clip.size() == 2) // opposite corners
         clip = {clip[0], {clip[1].x, clip[0].y}, clip[1], {clip[0].x, clip[1].y}};
     std::vector<AcGePoint3d> places;
+    places.reserve(clip.size());
     for (const AcGePoint2d& p : clip)
         places.push_back(origin() + pixelAcross() * (p.x + 0.5) +
                          pixelUp() * (size.y - (p.y + 0.5)));

@@ -292,6 +292,7 @@ bool AcDbMline::strokes(host::StrokeSink& sink) const
         lines = std::min(lines, vertex.passes.size());
     for (std::size_t line = 0; line < std::max<std::size_t>(lines, 1) && !sink.done(); ++line) {
         std::vector<AcGePoint3d> points;
+        points.reserve(path.size());
         for (const Vertex& vertex : path)
             points.push_back(lines ? vertex.place + vertex.mitre * vertex.passes[line]
                                    : vertex.place);

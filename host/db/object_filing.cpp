@@ -199,7 +199,7 @@ std::unique_ptr<AcDbObject> AcDbObject::withTags(const AcRxClass& kind, TagList 
     auto* const object = AcDbObject::cast(made.get());
     if (!object)
         return nullptr;
-    made.release();
+    static_cast<void>(made.release()); // goes on as the object's own kind
     object->tags_ = std::make_shared<TagList>(std::move(tags));
     return std::unique_ptr<AcDbObject>(object);
 }

@@ -18,6 +18,16 @@ std::vector<AcGePoint3d> AcDbPolygonMesh::vertices() const
     return all;
 }
 
+namespace {
+
+std::size_t placeOf(int m, int n, int columns)
+{
+    return static_cast<std::size_t>(m) * static_cast<std::size_t>(columns) +
+           static_cast<std::size_t>(n);
+}
+
+} // namespace
+
 bool AcDbPolygonMesh::strokes(host::StrokeSink& sink) const
 {
     const std::vector<AcGePoint3d> grid = vertices();
@@ -26,15 +36,17 @@ bool AcDbPolygonMesh::strokes(host::StrokeSink& sink) const
     if (rows < 1 || columns < 1 ||
         grid.size() < static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns))
         return false;
-    const auto at = [&](int m, int n) { return grid[static_cast<std::size_t>(m * columns + n)]; };
+    const auto at = [&](int m, int n) { return grid[placeOf(m, n, columns)]; };
     for (int m = 0; m < rows && !sink.done(); ++m) {
         std::vector<AcGePoint3d> line;
+        line.reserve(static_cast<std::size_t>(columns));
         for (int n = 0; n < columns; ++n)
             line.push_back(at(m, n));
         sink.polyline(line, isNClosed());
     }
     for (int n = 0; n < columns && !sink.done(); ++n) {
         std::vector<AcGePoint3d> line;
+        line.reserve(static_cast<std::size_t>(rows));
         for (int m = 0; m < rows; ++m)
             line.push_back(at(m, n));
         sink.polyline(line, isMClosed());
@@ -61,9 +73,7 @@ Acad::ErrorStatus AcDbPolygonMesh::explode(std::vector<std::unique_ptr<AcDbEntit
     if (rows < 2 || columns < 2 ||
         grid.size() < static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns))
         return Acad::eNotApplicable;
-    const auto at = [&](int m, int n) {
-        return grid[static_cast<std::size_t>(m % rows * columns + n % columns)];
-    };
+    const auto at = [&](int m, int n) { return grid[placeOf(m % rows, n % columns, columns)]; };
     host::PartSink sink(*this, parts);
     for (int m = 0; m < (isMClosed() ? rows : rows - 1); ++m)
         for (int n = 0; n < (isNClosed() ? columns : columns - 1); ++n) {

@@ -208,8 +208,9 @@ void meetings(const PlanarCurve& curve, const PlanarCurve& other, double toleran
 
 void PlanarSink::add(PlanarCurve curve, double elevation)
 {
-    const AcGeVector2d apart = curve.to - curve.from;
-    if (!std::isfinite(apart.lengthSqrd()) || !std::isfinite(curve.radius * curve.radius))
+    const double reach = curve.from.asVector().lengthSqrd() + curve.to.asVector().lengthSqrd() +
+                         curve.radius * curve.radius;
+    if (!std::isfinite(8.0 * reach))
         return; // farther than numbers reach
     curve.source = source_;
     curves_.push_back(curve);

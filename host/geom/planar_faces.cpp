@@ -17,6 +17,7 @@ namespace host {
 namespace {
 
 constexpr double kRelativeTolerance = 1e-8;
+constexpr double kMostTolerance = 1e-4; // of the typical curve
 constexpr double kSameDirection = 1e-7; // radians
 
 using HalfEdge = std::size_t;
@@ -54,7 +55,9 @@ private:
     Cell cellOf(AcGePoint2d p) const
     {
         const auto number = [this](double x) {
-            return static_cast<std::int64_t>(std::floor(x / (2.0 * tolerance_)));
+            constexpr double kMost = 9e18; // what the type holds
+            return static_cast<std::int64_t>(
+                std::clamp(std::floor(x / (2.0 * tolerance_)), -kMost, kMost));
         };
         return {number(p.x), number(p.y)};
     }
@@ -64,7 +67,18 @@ private:
     std::map<Cell, std::vector<std::size_t>> cells_;
 };
 
-double toleranceOf(std::span<const PlanarCurve::Box> boxes)
+double typicalLength(std::span<const PlanarCurve> curves)
+{
+    std::vector<double> lengths;
+    for (const PlanarCurve& curve : curves)
+        lengths.push_back(curve.length());
+    const auto middle = lengths.begin() + static_cast<std::ptrdiff_t>(lengths.size() / 2);
+    std::nth_element(lengths.begin(), middle, lengths.end());
+    return *middle;
+}
+
+// After the size of the whole, but so that a few far ends don't make one place of all the rest.
+double toleranceOf(std::span<const PlanarCurve> curves, std::span<const PlanarCurve::Box> boxes)
 {
     PlanarCurve::Box all = boxes.front();
     for (const PlanarCurve::Box& box : boxes) {
@@ -73,7 +87,8 @@ double toleranceOf(std::span<const PlanarCurve::Box> boxes)
     }
     const double far = std::max(
         {std::abs(all.least.x), std::abs(all.least.y), std::abs(all.most.x), std::abs(all.most.y)});
-    return std::max(kRelativeTolerance * all.least.distanceTo(all.most), 1e-14 * far);
+    return std::min(std::max(kRelativeTolerance * all.least.distanceTo(all.most), 1e-14 * far),
+                    kMostTolerance * typicalLength(curves));
 }
 
 // Where each curve is to be cut, as parameters from 0 to 1.
@@ -372,7 +387,7 @@ PlanarFaces::PlanarFaces(std::span<const PlanarCurve> curves)
     std::vector<PlanarCurve::Box> boxes;
     for (const PlanarCurve& curve : curves)
         boxes.push_back(curve.box());
-    tolerance_ = toleranceOf(boxes);
+    tolerance_ = toleranceOf(curves, boxes);
     Builder builder(curves, tolerance_, cutsOf(curves, boxes, tolerance_));
     for (const std::vector<HalfEdge>& walk : builder.walks())
         builder.splitAtVertices(walk, [&](std::span<const HalfEdge> chain) {

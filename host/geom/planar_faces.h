@@ -16,7 +16,7 @@ struct PlanarLoop {
 
 // The plane as curves divide it: they are cut where they meet, what encloses nothing falls away,
 // and each connected rest is walked around face by face. Ends closer than about a hundred-millionth
-// of the whole's size touch.
+// of the whole's size, or a ten-thousandth of the typical curve, touch.
 class PlanarFaces {
 public:
     explicit PlanarFaces(std::span<const PlanarCurve> curves);

@@ -4,6 +4,7 @@
 #include "host/text/number_format.h"
 
 #include <bit>
+#include <cmath>
 #include <cstring>
 
 namespace host {
@@ -182,7 +183,8 @@ std::string BinaryForm::textValue(int, std::wstring_view value) const
 
 std::string BinaryForm::realValue(int, double value) const
 {
-    return toBytes(std::bit_cast<std::uint64_t>(value), 8);
+    const double number = std::isfinite(value) ? value : 0.0; // as the text form
+    return toBytes(std::bit_cast<std::uint64_t>(number), 8);
 }
 
 std::string BinaryForm::integerValue(int code, std::int64_t value) const

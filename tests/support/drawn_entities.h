@@ -6,7 +6,7 @@
 #include "host/db/object_pointer.h"
 #include "host/geom/point.h"
 #include "host/text/encoding.h"
-#include "tests/support/command_test.h"
+#include "tests/support/opened_drawing.h"
 
 #include <cstdio>
 #include <span>
@@ -15,7 +15,7 @@
 
 // Drawing commands as a user types them, and what is then in model space: an entity is one short
 // text of its values, rounded to a millionth.
-class DrawnTest : public CommandTest {
+class DrawnTest : public DrawingTest {
 protected:
     static std::string number(double value)
     {

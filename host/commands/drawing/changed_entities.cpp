@@ -110,12 +110,4 @@ std::vector<AcDbObjectId> transformCopies(const std::vector<AcDbObjectId>& entit
     return copies;
 }
 
-void changeAll(const std::vector<AcDbObjectId>& entities, const AcGeMatrix3d& map, bool copies)
-{
-    if (copies)
-        transformCopies(entities, map);
-    else
-        transformAll(entities, map);
-}
-
 } // namespace host

@@ -25,7 +25,4 @@ std::vector<AcDbObjectId> transformCopies(const std::vector<AcDbObjectId>& entit
                                           const AcGeMatrix3d& map,
                                           MirroredText text = MirroredText::readable);
 
-// Scaling and turning of the entities themselves or of copies.
-void changeAll(const std::vector<AcDbObjectId>& entities, const AcGeMatrix3d& map, bool copies);
-
 } // namespace host

@@ -76,7 +76,7 @@ struct PickedTangent {
 std::optional<PickedTangent> pickTangent(const wchar_t* prompt)
 {
     while (const std::optional<PickedEntity> picked = pickEntity(prompt)) {
-        if (const auto target = strokeNear(picked->id, picked->place))
+        if (const auto target = targetNear(picked->id, picked->place))
             return PickedTangent{*target, picked->place};
         refuse(L"No line, circle or arc is there.\n");
     }

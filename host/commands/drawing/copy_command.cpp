@@ -121,7 +121,7 @@ private:
     void undo()
     {
         for (const AcDbObjectId copy : steps_.back())
-            eraseNew(copy);
+            eraseEntity(copy);
         steps_.pop_back();
         if (steps_.empty())
             refuse(L"Everything has been undone.\n");

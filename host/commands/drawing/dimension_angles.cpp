@@ -123,6 +123,107 @@ AnyAngle askAngle()
     return isOpenArcStroke(picked.value) ? ofArc(*picked.value.arc()) : ofCircle(picked.value);
 }
 
+// The length of an arc, or of a part of it.
+class ArcLength {
+public:
+    ArcLength(const Arc3d& arc, TextPrompt prompt) : arc_(arc), ends_(endsOf(arc)), draft_(prompt)
+    {
+        dimension_->setCenterPoint(arc.centre);
+        dimension_->setXLine1Point(ends_.from);
+        dimension_->setXLine2Point(ends_.to);
+        dimension_->setArcPoint(ends_.middle);
+    }
+    AcDbObjectId draw();
+
+private:
+    void offerOptions();
+    bool takeOption(const std::wstring& keyword); // false when cancelled
+    bool takePart();
+    double along(const AcGePoint3d& place) const; // radians from the arc's start
+    std::optional<AcGePoint3d> askEnd(const wchar_t* text) const;
+    void finish(const AngularSpan& span);
+
+    Arc3d arc_;
+    ArcEnds ends_;
+    DimensionDraft draft_;
+    std::unique_ptr<AcDbArcDimension> dimension_ = std::make_unique<AcDbArcDimension>();
+    PromptForm form_;
+    bool isPart_ = false;
+    bool hasLeader_ = false;
+};
+
+void ArcLength::offerOptions()
+{
+    const bool mayHaveLeader = arc_.sweep() > kQuarterTurn;
+    form_.text = L"Specify arc length dimension location, or [Mtext/Text/Angle/Partial";
+    form_.text += !mayHaveLeader ? L"]: " : hasLeader_ ? L"/No leader]: " : L"/Leader]: ";
+    form_.keywords = !mayHaveLeader ? L"Mtext Text Angle Partial"
+                     : hasLeader_   ? L"Mtext Text Angle Partial No"
+                                    : L"Mtext Text Angle Partial Leader";
+}
+
+bool ArcLength::takeOption(const std::wstring& keyword)
+{
+    if (keyword == L"Partial")
+        return takePart();
+    hasLeader_ = keyword == L"Leader";
+    offerOptions();
+    return true;
+}
+
+double ArcLength::along(const AcGePoint3d& place) const
+{
+    const AcGePoint2d centre = arc_.centre.convert2d();
+    const double from = (ends_.from.convert2d() - centre).angle();
+    const double to = (place.convert2d() - centre).angle();
+    return std::fmod(to - from + 4.0 * std::numbers::pi, 2.0 * std::numbers::pi);
+}
+
+std::optional<AcGePoint3d> ArcLength::askEnd(const wchar_t* text) const
+{
+    const Answered<AcGePoint3d> place = askPlace({.text = text});
+    return place.given() ? std::optional(arc_.closestPoint(place.value)) : std::nullopt;
+}
+
+bool ArcLength::takePart()
+{
+    const auto first = askEnd(L"Specify first point for arc length dimension: ");
+    const auto second = first ? askEnd(L"Specify second point for arc length dimension: ") : first;
+    if (!second)
+        return false;
+    const bool inOrder = along(*first) <= along(*second);
+    dimension_->setXLine1Point(inOrder ? *first : *second);
+    dimension_->setXLine2Point(inOrder ? *second : *first);
+    isPart_ = true;
+    return true;
+}
+
+void ArcLength::finish(const AngularSpan& span)
+{
+    dimension_->setPartial(isPart_, span.start, span.start + span.sweep);
+    const AcGePoint2d from = span.at(span.start + 0.5 * span.sweep);
+    const AcGePoint2d to = span.centre + (from - span.centre).normal() * arc_.radius();
+    dimension_->setLeader(hasLeader_, {from, arc_.centre.z}, {to, arc_.centre.z});
+}
+
+AcDbObjectId ArcLength::draw()
+{
+    offerOptions();
+    const std::optional<AcGePoint3d> place = draft_.askPlace(
+        form_, *dimension_, [this](const std::wstring& keyword) { return takeOption(keyword); });
+    if (!place)
+        return {};
+    dimension_->setArcPoint(*place);
+    const std::optional<AngularSpan> span = angularSpan(*dimension_);
+    if (!span) {
+        refuse(kSamePlace);
+        return {};
+    }
+    finish(*span);
+    draft_.tell(*dimension_);
+    return draft_.append(std::move(dimension_));
+}
+
 } // namespace
 
 AcDbObjectId drawAngularDimension(TextPrompt prompt)
@@ -149,7 +250,11 @@ AcDbObjectId drawAngularDimension(TextPrompt prompt)
         return {};
     moveArc(*dimension, *place);
     const std::optional<AngularSpan> span = angularSpan(*dimension);
-    if (quadrant && span) { // the angle stays the chosen one, as far out as the place lies
+    if (!span) {
+        refuse(kSamePlace);
+        return {};
+    }
+    if (quadrant) { // the angle stays the chosen one, as far out as the place lies
         const AcGeVector2d toward = (quadrant->convert2d() - span->centre).normal();
         moveArc(*dimension, {span->centre + toward * span->radius, place->z});
     }
@@ -163,72 +268,7 @@ AcDbObjectId drawArcDimension(TextPrompt prompt)
 {
     const std::optional<PickedStroke> picked = pickStroke(
         L"Select arc or polyline arc segment: ", isOpenArcStroke, L"The object is no arc.\n");
-    if (!picked)
-        return {};
-    const Arc3d& arc = *picked->arc();
-    const AcGePoint2d centre = arc.centre.convert2d();
-    const ArcEnds ends = endsOf(arc);
-    auto dimension = std::make_unique<AcDbArcDimension>();
-    dimension->setCenterPoint(arc.centre);
-    dimension->setXLine1Point(ends.from);
-    dimension->setXLine2Point(ends.to);
-    dimension->setArcPoint(ends.middle);
-
-    DimensionDraft draft(prompt);
-    bool partial = false;
-    bool leader = false;
-    const bool mayHaveLeader = arc.sweep() > kQuarterTurn;
-    PromptForm form;
-    const auto offer = [&] {
-        form.text = L"Specify arc length dimension location, or [Mtext/Text/Angle/Partial";
-        form.text += !mayHaveLeader ? L"]: " : leader ? L"/No leader]: " : L"/Leader]: ";
-        form.keywords = !mayHaveLeader ? L"Mtext Text Angle Partial"
-                        : leader       ? L"Mtext Text Angle Partial No"
-                                       : L"Mtext Text Angle Partial Leader";
-    };
-    const auto askEnd = [&](const wchar_t* text) {
-        const Answered<AcGePoint3d> place = askPlace({.text = text});
-        return place.given() ? std::optional(arc.closestPoint(place.value)) : std::nullopt;
-    };
-    const auto takeOption = [&](const std::wstring& keyword) {
-        if (keyword != L"Partial") {
-            leader = keyword == L"Leader";
-            offer();
-            return true;
-        }
-        const auto first = askEnd(L"Specify first point for arc length dimension: ");
-        const auto second =
-            first ? askEnd(L"Specify second point for arc length dimension: ") : first;
-        if (!second)
-            return false;
-        const double from = (first->convert2d() - centre).angle();
-        const double to = (second->convert2d() - centre).angle();
-        const double start = (ends.from.convert2d() - centre).angle();
-        const auto along = [&](double angle) {
-            return std::fmod(angle - start + 4.0 * std::numbers::pi, 2.0 * std::numbers::pi);
-        };
-        const bool inOrder = along(from) <= along(to);
-        dimension->setXLine1Point(inOrder ? *first : *second);
-        dimension->setXLine2Point(inOrder ? *second : *first);
-        partial = true;
-        return true;
-    };
-    offer();
-    const std::optional<AcGePoint3d> place = draft.askPlace(form, *dimension, takeOption);
-    if (!place)
-        return {};
-    dimension->setArcPoint(*place);
-    const std::optional<AngularSpan> span = angularSpan(*dimension);
-    if (!span) {
-        refuse(kSamePlace);
-        return {};
-    }
-    dimension->setPartial(partial, span->start, span->start + span->sweep);
-    const AcGePoint2d from = span->at(span->start + 0.5 * span->sweep);
-    const AcGePoint2d to = span->centre + (from - span->centre).normal() * arc.radius();
-    dimension->setLeader(leader, {from, arc.centre.z}, {to, arc.centre.z});
-    draft.tell(*dimension);
-    return draft.append(std::move(dimension));
+    return picked ? ArcLength(*picked->arc(), prompt).draw() : AcDbObjectId();
 }
 
 } // namespace host

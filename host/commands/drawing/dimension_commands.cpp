@@ -114,7 +114,7 @@ void dimCommand()
                 refuse(L"Nothing to undo.\n");
                 continue;
             }
-            eraseNew(drawn.back());
+            eraseEntity(drawn.back());
             drawn.pop_back();
             continue;
         }

@@ -1,6 +1,7 @@
 #include "host/commands/drawing/dimension_input.h"
 
 #include "host/commands/drawing/new_entity.h"
+#include "host/commands/drawing/picked_curve.h"
 #include "host/db/database.h"
 #include "host/db/dimension_measure.h"
 #include "host/db/mtext_contents.h"
@@ -26,15 +27,6 @@ AcGePoint3d lastPoint()
     resbuf value;
     return acedGetVar(L"LASTPOINT", value) == RTNORM ? AcGePoint3d(value.resval.rpoint)
                                                      : AcGePoint3d();
-}
-
-std::optional<NearestStrokeSink::Stroke> strokeOf(AcDbObjectId id, const AcGePoint3d& place)
-{
-    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-    NearestStrokeSink sink(place);
-    if (entity)
-        entity->strokes(sink);
-    return sink.nearest();
 }
 
 // What an answer to a prompt for one entity names, and the place at which it was picked.
@@ -86,7 +78,7 @@ Answered<PickedStroke> askStroke(const wchar_t* prompt, bool enterCounts, Stroke
             const PickedEntity picked = entityOf(answer, database);
             if (picked.id.isNull())
                 return L"Nothing is there.\n";
-            const auto stroke = strokeOf(picked.id, picked.place);
+            const auto stroke = strokeNear(picked.id, picked.place);
             if (!stroke || !isFit({*stroke, picked.place}))
                 return refusal;
             answered.value = {*stroke, picked.place};
@@ -189,6 +181,10 @@ void DimensionDraft::tell(const AcDbDimension& dimension) const
 AcDbObjectId DimensionDraft::append(std::unique_ptr<AcDbDimension> dimension,
                                     std::optional<AcGePoint3d> textPlace) const
 {
+    if (!host::measured(*dimension)) {
+        refuse(L"There is nothing to measure.\n");
+        return {};
+    }
     dimension->setDimensionStyle(
         findSymbol(curDoc()->database()->drawing(), "DIMSTYLE", styleName_));
     const AcDbObjectId id = appendNew(std::move(dimension));

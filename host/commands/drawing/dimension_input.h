@@ -34,7 +34,7 @@ public:
 
     void tell(const AcDbDimension& dimension) const; // the measured text
     // Puts the dimension into the drawing, drawn in the current style. `textPlace`: where the user
-    // put the text.
+    // put the text. Null, and told, when it measures nothing.
     AcDbObjectId append(std::unique_ptr<AcDbDimension> dimension,
                         std::optional<AcGePoint3d> textPlace = {}) const;
 

@@ -18,7 +18,8 @@ namespace {
 
 constexpr double kTurn = 2.0 * std::numbers::pi;
 constexpr double kQuarter = std::numbers::pi / 2.0;
-constexpr double kFlattest = 89.4; // degrees; a circle seen farther from the side is a line
+constexpr double kFlattest = 89.4;   // degrees; a circle seen farther from the side is a line
+constexpr double kLeastRatio = 1e-6; // of the axes; programs refuse a record with less
 
 struct Axes {
     AcGePoint3d centre;
@@ -50,11 +51,17 @@ struct Axes {
 
 std::optional<double> askOtherAxis(const Axes& axes)
 {
-    const Answered<double> distance = askLength({.text = L"Specify distance to other axis or "
-                                                         L"[Rotation]: ",
-                                                 .keywords = L"Rotation",
-                                                 .base = axes.centre,
-                                                 .bits = RSG_NOZERO | RSG_NONEG});
+    const Answered<double> distance = askUntil(
+        [&] {
+            return askLength({.text = L"Specify distance to other axis or [Rotation]: ",
+                              .keywords = L"Rotation",
+                              .base = axes.centre,
+                              .bits = RSG_NOZERO | RSG_NONEG});
+        },
+        [&](double other) {
+            const bool tooFlat = !(Axes{axes.centre, axes.first, other}.ratio() >= kLeastRatio);
+            return tooFlat ? L"The axes differ too much in length.\n" : nullptr;
+        });
     if (distance.given())
         return distance.value;
     if (!distance.chose(L"Rotation"))

@@ -2,6 +2,8 @@
 
 #include "host/db/dimension.h"
 #include "host/db/object_pointer.h"
+#include "host/db/ray.h"
+#include "host/geom/planar_search.h"
 
 #include <algorithm>
 #include <cmath>
@@ -35,6 +37,11 @@ bool enclosesNothing(const AcDbEntity& entity)
     return AcDbHatch::cast(&entity) || AcDbDimension::cast(&entity);
 }
 
+bool isEndless(const AcDbEntity& entity)
+{
+    return AcDbRay::cast(&entity) || AcDbXline::cast(&entity);
+}
+
 } // namespace
 
 std::vector<HatchLoop> HatchArea::loops(AcDbHatch::HatchStyle style) const
@@ -49,34 +56,34 @@ std::vector<HatchLoop> HatchArea::loops(AcDbHatch::HatchStyle style) const
     return used;
 }
 
-HatchBoundaries::HatchBoundaries(std::vector<AcDbObjectId> entities)
-    : entities_(std::move(entities)), elevations_(entities_.size())
+HatchBoundaries::HatchBoundaries(const std::vector<AcDbObjectId>& entities)
 {
-    std::vector<PlanarCurve> curves;
-    for (std::size_t i = 0; i < entities_.size(); ++i) {
-        const AcDbObjectPointer<AcDbEntity> entity(entities_[i], AcDb::kForRead);
+    for (const AcDbObjectId id : entities) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
         if (!entity || enclosesNothing(*entity))
             continue;
         PlanarSink sink;
-        sink.setSource(i);
+        sink.setSource(sources_.size());
         entity->strokes(sink);
-        curves.insert(curves.end(), sink.curves().begin(), sink.curves().end());
+        curves_.insert(curves_.end(), sink.curves().begin(), sink.curves().end());
         texts_.insert(texts_.end(), sink.texts().begin(), sink.texts().end());
-        elevations_[i] = sink.elevation().value_or(0.0);
+        sources_.push_back(
+            {id.handle().value(), sink.elevation().value_or(0.0), isEndless(*entity)});
     }
-    faces_.emplace(curves);
 }
 
 std::optional<HatchArea> HatchBoundaries::around(const AcGePoint3d& point) const
 {
     constexpr int kFound = AcDbHatch::kDerived;
-    return areaOf(faces_->around(point.convert2d()),
+    return areaOf(loopsAround(curves_, point.convert2d()),
                   {AcDbHatch::kExternal | kFound, AcDbHatch::kOutermost | kFound, kFound});
 }
 
 std::optional<HatchArea> HatchBoundaries::outlines() const
 {
-    return areaOf(faces_->outlines(),
+    std::vector<PlanarCurve> curves = curves_;
+    std::erase_if(curves, [&](const PlanarCurve& c) { return sources_[c.source].isEndless; });
+    return areaOf(PlanarFaces(curves).outlines(),
                   {AcDbHatch::kExternal, AcDbHatch::kOutermost, AcDbHatch::kDefault});
 }
 
@@ -86,7 +93,7 @@ std::optional<HatchArea> HatchBoundaries::areaOf(const std::vector<PlanarLoop>& 
     if (loops.empty())
         return std::nullopt;
     HatchArea area;
-    area.elevation = elevations_[loops.front().curves.front().source];
+    area.elevation = sources_[loops.front().curves.front().source].elevation;
     for (const PlanarLoop& loop : loops) {
         HatchLoop path = pathOf(loop);
         path.type |= loop.depth == 0 ? types.outer : loop.depth == 1 ? types.island : types.deeper;
@@ -101,7 +108,7 @@ HatchLoop HatchBoundaries::pathOf(const PlanarLoop& loop) const
 {
     HatchLoop path;
     for (const PlanarCurve& curve : loop.curves) {
-        const std::uint64_t source = entities_[curve.source].handle().value();
+        const std::uint64_t source = sources_[curve.source].handle;
         if (std::find(path.sources.begin(), path.sources.end(), source) == path.sources.end())
             path.sources.push_back(source);
     }
@@ -135,7 +142,7 @@ void HatchBoundaries::addTexts(const std::vector<PlanarLoop>& loops, HatchArea& 
             continue;
         HatchLoop path;
         path.type = AcDbHatch::kPolyline | AcDbHatch::kTextbox;
-        path.sources = {entities_[text.source].handle().value()};
+        path.sources = {sources_[text.source].handle};
         for (const AcGePoint2d corner : text.corners)
             path.polyline.push_back({corner});
         area.paths.push_back({std::move(path), static_cast<int>(depth)});

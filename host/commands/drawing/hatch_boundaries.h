@@ -3,6 +3,7 @@
 #include "host/db/hatch.h"
 #include "host/geom/planar_faces.h"
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -26,12 +27,18 @@ struct HatchArea {
 // nothing; a text is an island in what lies around it.
 class HatchBoundaries {
 public:
-    explicit HatchBoundaries(std::vector<AcDbObjectId> entities);
+    explicit HatchBoundaries(const std::vector<AcDbObjectId>& entities);
 
     std::optional<HatchArea> around(const AcGePoint3d& point) const; // none in the open
-    std::optional<HatchArea> outlines() const; // of all of them; none where nothing is closed
+    // Of all of them, without lines that have no end; none where nothing is closed.
+    std::optional<HatchArea> outlines() const;
 
 private:
+    struct Source {
+        std::uint64_t handle = 0;
+        double elevation = 0.0;
+        bool isEndless = false;
+    };
     // The paths' kinds by their depth; deeper ones are of the last.
     struct PathTypes {
         int outer;
@@ -43,10 +50,9 @@ private:
     HatchLoop pathOf(const PlanarLoop& loop) const;
     void addTexts(const std::vector<PlanarLoop>& loops, HatchArea& area) const;
 
-    std::vector<AcDbObjectId> entities_;
-    std::vector<double> elevations_; // of each entity
+    std::vector<Source> sources_; // the entities
+    std::vector<PlanarCurve> curves_;
     std::vector<PlanarSink::TextOutline> texts_;
-    std::optional<PlanarFaces> faces_;
 };
 
 } // namespace host

@@ -4,6 +4,7 @@
 #include "host/commands/drawing/drawing_prompts.h"
 #include "host/commands/drawing/hatch_boundaries.h"
 #include "host/commands/drawing/new_entity.h"
+#include "host/commands/drawing/vertex_path.h"
 #include "host/db/lwpolyline.h"
 #include "host/db/object_pointer.h"
 #include "host/edit/command_engine.h"
@@ -195,29 +196,6 @@ bool askAdvanced()
 
 // ---- the areas ----
 
-// Nothing when cancelled; a path of fewer than three points is no boundary.
-std::optional<std::vector<AcGePoint3d>> askOutline(const AcGePoint3d& start)
-{
-    std::vector<AcGePoint3d> points{start};
-    for (;;) {
-        const bool mayClose = points.size() > 2;
-        const Answered<AcGePoint3d> next =
-            askPlace({.text = mayClose ? L"Specify next point or [Close/Undo]: "
-                                       : L"Specify next point or [Undo]: ",
-                      .keywords = mayClose ? L"Close Undo" : L"Undo",
-                      .base = points.back(),
-                      .enterCounts = true});
-        if (next.enter() || next.chose(L"Close"))
-            return points;
-        if (next.given())
-            points.push_back(next.value);
-        else if (!next.isKeyword())
-            return std::nullopt;
-        else if (points.size() > 1)
-            points.pop_back();
-    }
-}
-
 AcDbObjectId keepOutline(const std::vector<AcGePoint3d>& points)
 {
     auto polyline = std::make_unique<AcDbPolyline>();
@@ -248,12 +226,14 @@ bool askBoundaries(std::vector<HatchArea>& areas)
         const Answered<AcGePoint3d> start = askPlace({.text = prompt, .enterCounts = true});
         if (start.enter())
             return true;
-        const auto points = start.given() ? askOutline(start.value) : std::nullopt;
-        if (!points)
+        if (!start.given())
             return false;
-        if (points->size() > 2)
-            areas.push_back(
-                areaOf(*points, retain.chose(L"Yes") ? keepOutline(*points) : AcDbObjectId()));
+        const VertexPath path = askPath(start.value);
+        if (path.end == VertexPath::End::cancelled)
+            return false;
+        if (path.points.size() > 2)
+            areas.push_back(areaOf(path.points, retain.chose(L"Yes") ? keepOutline(path.points)
+                                                                     : AcDbObjectId()));
         prompt = L"Specify start point for new boundary or <Accept>: ";
     }
     return false;

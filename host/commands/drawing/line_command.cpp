@@ -46,7 +46,7 @@ void LineDrawing::undo()
         refuse(L"All segments already undone.\n");
         return;
     }
-    eraseNew(segments_.back().id);
+    eraseEntity(segments_.back().id);
     at_ = segments_.back().from;
     segments_.pop_back();
     setLastPoint(at_);

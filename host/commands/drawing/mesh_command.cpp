@@ -6,8 +6,7 @@
 #include "host/db/sub_d_mesh.h"
 #include "host/edit/command_engine.h"
 
-// Meshes are made unsmoothed. Escape at any of the prompts leaves nothing. Settings
-// count for one mesh.
+// Meshes are made unsmoothed. Escape at any of the prompts leaves nothing.
 
 namespace host {
 
@@ -38,6 +37,10 @@ void meshCommand()
         const std::optional<MeshShape> shape = body.ask();
         if (!shape)
             return;
+        if (shape->faces.empty()) {
+            refuse(L"The body is larger than numbers reach.\n");
+            return;
+        }
         auto mesh = std::make_unique<AcDbSubDMesh>();
         mesh->setSubDMesh(shape->vertices, shape->faces);
         appendNew(std::move(mesh));

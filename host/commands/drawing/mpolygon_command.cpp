@@ -19,6 +19,28 @@ namespace host {
 
 namespace {
 
+// In the world's coordinates, and their height; none for a polyline that is open or tilted.
+struct Outline {
+    std::vector<BulgeVertex> vertices;
+    double height = 0.0;
+};
+std::optional<Outline> outlineOf(const AcDbPolyline& polyline)
+{
+    const AcGeVector3d normal = polyline.normal();
+    if (!polyline.isClosed() || polyline.numVerts() < 2 ||
+        !normal.isParallelTo(AcGeVector3d::kZAxis))
+        return std::nullopt;
+    const AcGeMatrix3d plane = AcGeMatrix3d::arbitraryAxes(normal);
+    Outline outline{polyline.vertices()};
+    for (BulgeVertex& vertex : outline.vertices) {
+        const AcGePoint3d place = plane * AcGePoint3d(vertex.point, polyline.elevation());
+        outline.height = place.z;
+        vertex.point = place.convert2d();
+        vertex.bulge = std::copysign(1.0, normal.z) * vertex.bulge;
+    }
+    return outline;
+}
+
 class PolygonDrawing {
 public:
     bool nextRing(); // false when there are no more
@@ -77,8 +99,9 @@ bool PolygonDrawing::selectRing()
         return true;
     }
     const AcDbObjectPointer<AcDbPolyline> polyline(picked->id, AcDb::kForRead);
-    if (polyline && polyline->isClosed() && polyline->numVerts() > 1)
-        add(polyline->vertices(), polyline->elevation());
+    std::optional<Outline> outline = polyline ? outlineOf(*polyline) : std::nullopt;
+    if (outline)
+        add(std::move(outline->vertices), outline->height);
     else
         refuse(L"It is no closed polyline and no circle.\n");
     return true;

@@ -25,7 +25,7 @@ AcDbObjectId appendNew(std::unique_ptr<AcDbEntity> entity)
     return id;
 }
 
-void eraseNew(AcDbObjectId entity)
+void eraseEntity(AcDbObjectId entity)
 {
     const AcDbObjectPointer<AcDbEntity> drawn(entity, AcDb::kForWrite);
     if (drawn)

@@ -20,7 +20,7 @@ template <class Thick> AcDbObjectId appendThick(std::unique_ptr<Thick> entity)
     return appendNew(std::move(entity));
 }
 
-// Takes back what the running command drew, for its Undo option.
-void eraseNew(AcDbObjectId entity);
+// Erases what the running command drew, for its Undo option, or what it replaces.
+void eraseEntity(AcDbObjectId entity);
 
 } // namespace host

@@ -2,21 +2,26 @@
 
 #include "host/db/entity.h"
 #include "host/db/object_pointer.h"
-#include "host/geom/nearest_stroke.h"
 
 namespace host {
 
-std::optional<TangentTarget> strokeNear(AcDbObjectId entity, const AcGePoint3d& place)
+std::optional<NearestStrokeSink::Stroke> strokeNear(AcDbObjectId entity, const AcGePoint3d& place)
 {
     const AcDbObjectPointer<AcDbEntity> picked(entity, AcDb::kForRead);
     NearestStrokeSink sink(place);
     if (picked)
         picked->strokes(sink);
-    if (!sink.nearest())
+    return sink.nearest();
+}
+
+std::optional<TangentTarget> targetNear(AcDbObjectId entity, const AcGePoint3d& place)
+{
+    const std::optional<NearestStrokeSink::Stroke> stroke = strokeNear(entity, place);
+    if (!stroke)
         return std::nullopt;
-    if (const auto* const arc = std::get_if<Arc3d>(&*sink.nearest()))
+    if (const auto* const arc = std::get_if<Arc3d>(&*stroke))
         return PlaneCircle{arc->centre.convert2d(), arc->radius()};
-    const Segment3d& segment = std::get<Segment3d>(*sink.nearest());
+    const Segment3d& segment = std::get<Segment3d>(*stroke);
     const AcGeVector2d along = (segment.to - segment.from).convert2d();
     if (along.isZeroLength())
         return std::nullopt; // upright: a point in the plane
@@ -25,8 +30,8 @@ std::optional<TangentTarget> strokeNear(AcDbObjectId entity, const AcGePoint3d& 
 
 std::optional<PlaneLine> lineNear(AcDbObjectId entity, const AcGePoint3d& place)
 {
-    const std::optional<TangentTarget> stroke = strokeNear(entity, place);
-    const auto* const line = stroke ? std::get_if<PlaneLine>(&*stroke) : nullptr;
+    const std::optional<TangentTarget> target = targetNear(entity, place);
+    const auto* const line = target ? std::get_if<PlaneLine>(&*target) : nullptr;
     return line ? std::optional(*line) : std::nullopt;
 }
 

@@ -1,8 +1,7 @@
 #include "host/commands/drawing/rotate_command.h"
 
 #include "host/commands/command_entities.h"
-#include "host/commands/drawing/changed_entities.h"
-#include "host/commands/drawing/drawing_prompts.h"
+#include "host/commands/drawing/asked_change.h"
 #include "host/edit/command_engine.h"
 
 #include <cmath>
@@ -45,32 +44,14 @@ void rotateCommand()
         return;
     engine().printForPrompt(
         L"Current positive angle in UCS:  ANGDIR=counterclockwise  ANGBASE=0\n");
-    const auto entities = entitiesToChange();
-    if (!entities)
-        return;
-    const Answered<AcGePoint3d> base = askPlace({.text = L"Specify base point: "});
-    if (!base.given())
-        return;
-    bool copies = false;
-    std::optional<double> turn;
-    while (!turn) {
-        const Answered<double> answer =
-            askTurn({.text = L"Specify rotation angle or [Copy/Reference] <0>: ",
-                     .keywords = L"Copy Reference",
-                     .base = base.value,
-                     .enterCounts = true});
-        if (answer.cancelled())
-            return;
-        if (answer.chose(L"Copy")) {
-            copies = true;
-            refuse(L"Rotating a copy of the selected objects.\n");
-            continue;
-        }
-        turn = answer.isKeyword() ? askReference(base.value) : answer.value;
-        if (!turn)
-            return;
-    }
-    changeAll(*entities, AcGeMatrix3d::rotation(*turn, AcGeVector3d::kZAxis, base.value), copies);
+    askChange({.prompt = L"Specify rotation angle or [Copy/Reference] <0>: ",
+               .ask = askTurn,
+               .enterCounts = true,
+               .askReference = askReference,
+               .copying = L"Rotating a copy of the selected objects.\n",
+               .map = [](double turn, const AcGePoint3d& base) {
+                   return AcGeMatrix3d::rotation(turn, AcGeVector3d::kZAxis, base);
+               }});
 }
 
 } // namespace host

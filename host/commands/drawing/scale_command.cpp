@@ -1,8 +1,7 @@
 #include "host/commands/drawing/scale_command.h"
 
 #include "host/commands/command_entities.h"
-#include "host/commands/drawing/changed_entities.h"
-#include "host/commands/drawing/drawing_prompts.h"
+#include "host/commands/drawing/asked_change.h"
 
 // Nothing is scaled before the last answer: Escape leaves all as it was.
 
@@ -49,32 +48,14 @@ void scaleCommand()
 {
     if (!documentOfCommand())
         return;
-    const auto entities = entitiesToChange();
-    if (!entities)
-        return;
-    const Answered<AcGePoint3d> base = askPlace({.text = L"Specify base point: "});
-    if (!base.given())
-        return;
-    bool copies = false;
-    std::optional<double> factor;
-    while (!factor) {
-        const Answered<double> answer =
-            askLength({.text = L"Specify scale factor or [Copy/Reference]: ",
-                       .keywords = L"Copy Reference",
-                       .base = base.value,
-                       .bits = kPositive});
-        if (answer.cancelled())
-            return;
-        if (answer.chose(L"Copy")) {
-            copies = true;
-            refuse(L"Scaling a copy of the selected objects.\n");
-            continue;
-        }
-        factor = answer.isKeyword() ? askReference(base.value) : answer.value;
-        if (!factor)
-            return;
-    }
-    changeAll(*entities, AcGeMatrix3d::scaling(*factor, base.value), copies);
+    askChange({.prompt = L"Specify scale factor or [Copy/Reference]: ",
+               .ask = askLength,
+               .bits = kPositive,
+               .askReference = askReference,
+               .copying = L"Scaling a copy of the selected objects.\n",
+               .map = [](double factor, const AcGePoint3d& base) {
+                   return AcGeMatrix3d::scaling(factor, base);
+               }});
 }
 
 } // namespace host

@@ -214,11 +214,12 @@ void drawThrough(const AcGePoint3d& first)
     if (end == PathEnd::cancelled || path.data().points.size() < 2)
         return;
     auto spline = std::make_unique<AcDbSpline>();
-    if (end == PathEnd::closed)
-        spline->setClosedFitData(path.data());
+    const Acad::ErrorStatus set = end == PathEnd::closed ? spline->setClosedFitData(path.data())
+                                                         : spline->setFitData(path.data());
+    if (set == Acad::eOk)
+        appendNew(std::move(spline));
     else
-        spline->setFitData(path.data());
-    appendNew(std::move(spline));
+        refuse(L"No curve runs through these points.\n");
 }
 
 } // namespace

@@ -65,7 +65,7 @@ void drawFromPolyline()
             return;
         draw(corners);
         if (erases.chose(L"Yes"))
-            eraseNew(picked->id);
+            eraseEntity(picked->id);
         return;
     }
 }

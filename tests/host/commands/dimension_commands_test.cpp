@@ -372,6 +372,21 @@ TEST_F(DimensionCommands, CancelAnywhereLeavesNothing)
     EXPECT_FALSE(blocks->has(L"_Dot"));
 }
 
+TEST_F(DimensionCommands, WhatMeasuresNothingIsNotDrawn)
+{
+    type(L"line\n0,0,0\n0,0,5\n\n");
+    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
+        {L"dimangular\n\n0,0\n10,0\n10,10\n0,0\n", L"The points coincide.\n"},
+        {L"dimangular\n\n0,0\n10,0\n20,0\n30,0\n", L"The points coincide.\n"},
+        {L"dimaligned\n\n0,0\n5,5\n", L"There is nothing to measure.\n"},
+    };
+    for (const auto& [typed, told] : cases) {
+        type(typed);
+        EXPECT_NE(printed().find(told), std::wstring::npos) << host::toUtf8(typed);
+        EXPECT_EQ(drawn(), 1u);
+    }
+}
+
 TEST_F(DimensionCommands, SettingTheStyleTakesItsValuesAlong)
 {
     ASSERT_FALSE(bareStyle().isNull());

@@ -104,6 +104,7 @@ TEST_F(DrawShapes, Ellipses)
     const Row rows[] = {
         {L"ellipse 0,0 10,0 3 ", "5,0 axis -5,0 ratio 0.6 0-360"},
         {L"ellipse 0,0 0,0 10,0 0 3 ", "5,0 axis -5,0 ratio 0.6 0-360"},
+        {L"ellipse 0,0 10,0 4e-6 6e6 3 ", "5,0 axis -5,0 ratio 0.6 0-360"}, // too flat
         {L"ellipse c 1,1 5,1 1,3 ", "1,1 axis 4,0 ratio 0.5 0-360"},
         {L"ellipse c 0,0 2,0 4 ", "0,0 axis 0,4 ratio 0.5 0-360"}, // the second axis is longer
         {L"ellipse c 0,0 2,0 r 89.5 60 ", "0,0 axis 2,0 ratio 0.5 0-360"},
@@ -217,6 +218,18 @@ TEST_F(DrawShapes, PolygonsOfRings)
     expect(rows);
 }
 
+TEST_F(DrawShapes, RingsOfAPolylineSeenFromBelow)
+{
+    DxfDrawing drawing;
+    drawing.entity(
+        "LWPOLYLINE", "AcDbPolyline",
+        "90\n3\n70\n1\n38\n2.0\n10\n0.0\n20\n0.0\n10\n-4.0\n20\n0.0\n42\n0.5\n10\n-4.0\n20\n4.0\n"
+        "210\n0.0\n220\n0.0\n230\n-1.0\n");
+    open(drawing);
+    type(L"mpolygon\ns\n2,0\n\n");
+    EXPECT_EQ(text(drawn().back()), "solid | 0,0 4,0b-0.5 4,4");
+}
+
 TEST_F(DrawShapes, Meshes)
 {
     const Row rows[] = {
@@ -258,7 +271,8 @@ TEST_F(DrawShapes, SplinesThroughPoints)
 
     const std::size_t count = drawn().size();
     type(L"spline 0,0 4,0 \x3"
-         L"spline 0,0\n\n");
+         L"spline 0,0\n\n"
+         L"spline 0,0 1e308,0 -1e308,0\n\n");
     EXPECT_EQ(drawn().size(), count);
 }
 

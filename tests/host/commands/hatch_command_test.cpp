@@ -145,6 +145,18 @@ TEST_F(HatchCommand, AreasByPoints)
     EXPECT_EQ(hatches(), std::size(cases));
 }
 
+TEST_F(HatchCommand, LinesWithoutEndsBoundAsOthersDo)
+{
+    drawShapes();
+    type(L"xline\n5,5\n5,9\n\nray\n5,5\n9,5\n\nline\n1e12,0\n1e12,9\n\n");
+    type(L"-hatch\n5.5,5.5\n\n");
+    EXPECT_EQ(hatch(), "ANSI31 5:3");
+    EXPECT_NEAR(area(), kPi, 1e-6);
+    type(L"-hatch\ns\nall\n\n\n"); // they enclose nothing by themselves
+    EXPECT_EQ(hatches(), 2u);
+    EXPECT_EQ(hatch(), "ANSI31 1:4 1:2 16:1");
+}
+
 // As scripts send it: blanks end answers, a missing number is the default.
 TEST_F(HatchCommand, PropertiesInOneLine)
 {

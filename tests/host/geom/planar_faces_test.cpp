@@ -1,4 +1,4 @@
-#include "host/geom/planar_faces.h"
+#include "host/geom/planar_search.h"
 
 #include <gtest/gtest.h>
 
@@ -135,6 +135,44 @@ TEST(PlanarFaces, LoopsAreOfWholeCurvesInOrder)
     }
     ASSERT_EQ(loops[1].curves.size(), 1u);
     EXPECT_NEAR(loops[1].curves[0].sweep, 2.0 * kPi, 1e-12);
+}
+
+// The window about the point decides how exactly ends meet, not the whole drawing.
+TEST(PlanarFaces, AreFoundBesideWhatLiesFarAway)
+{
+    const Curves fine = moved(square(0, 0.01) + circle(0.005, 0.005, 0.002), 7.0, 7.0);
+    const Curves farLine{line(1e9, 0, 1e9, 1)};
+    struct Case {
+        const char* name;
+        Curves curves;
+        AcGePoint2d point;
+        const char* found;
+    };
+    const Case cases[] = {
+        {"a speck", fine + farLine, {7.001, 7.001}, "0:0.0001 1:0.0000 "},
+        {"cut by a line without ends",
+         circle(5, 5, 2) + Curves{line(0, 0, 1e9, 1e9), line(0, 0, -1e9, -1e9)},
+         {5.5, 5},
+         "0:6.2832 "},
+        {"by one that only comes from far",
+         circle(5, 5, 2) + Curves{line(5, -1e9, 5, 5), line(1e9, 5, 5, 5)},
+         {5.5, 4.5},
+         "0:3.1416 "},
+        {"all of it",
+         square(-1e7, 1e7) + fine + farLine,
+         {0, 0},
+         "0:400000000000000.0000 1:0.0001 2:0.0000 "},
+        {"a large arc across", square(0, 10) + circle(5, -1e6 + 5, 1e6), {5, 2}, "0:50.0000 "},
+        {"in the open", fine + farLine, {8, 8}, ""},
+        {"on a curve", square(0, 10) + farLine, {10, 5}, ""},
+        {"nothing", {}, {0, 0}, ""},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(summary(host::loopsAround(row.curves, row.point)), row.found);
+    }
+    EXPECT_EQ(summary(PlanarFaces(square(0, 10) + circle(5, 5, 2) + farLine).outlines()),
+              "0:100.0000 1:12.5664 ");
 }
 
 TEST(PlanarFaces, OutlinesOfConnectedParts)

@@ -1,6 +1,8 @@
 #include "host/io/binary_form.h"
 #include "tests/host/io/drawing_bench.h"
 
+#include <limits>
+
 using namespace host;
 using namespace host::test;
 
@@ -92,6 +94,16 @@ TEST(BinaryForm, CutsValuesByTheirCode)
     EXPECT_EQ(form.handle(tagOf(7)), 0x1Fu);
     EXPECT_EQ(form.real(tagOf(6)), 0.0) << "a text is no real";
     EXPECT_EQ(form.integer(tagOf(0)), 0) << "a real is no integer";
+}
+
+// Such a file could not be read again.
+TEST(BinaryForm, WritesNoNumbersWithoutEnd)
+{
+    const BinaryForm form(DxfVersion::r2018, CodePage::utf8(), BinaryCodes::twoBytes);
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+    for (const double value : {kInfinity, -kInfinity, kNaN})
+        EXPECT_EQ(form.realValue(40, value), std::string(8, '\0'));
 }
 
 TEST(BinaryForm, WritesGreatCodesOfR12BehindAnEscape)
