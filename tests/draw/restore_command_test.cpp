@@ -191,15 +191,11 @@ protected:
     }
     AcDbObjectId lastReference()
     {
-        AcDbObjectId last;
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(database().modelSpaceId(),
-                                                            AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-        space->newIterator(walk);
-        for (; !walk->done(); walk->step())
-            if (AcDbObjectPointer<AcDbBlockReference>(walk->entityId(), AcDb::kForRead))
-                last = walk->entityId();
-        return last;
+        AcDbObjectId found;
+        for (const AcDbObjectId id : entities())
+            if (AcDbObjectPointer<AcDbBlockReference>(id, AcDb::kForRead))
+                found = id;
+        return found;
     }
 
     AcDbObjectId old;

@@ -21,14 +21,9 @@ protected:
         AcDbObjectId id;
         const AcDbObjectPointer<AcDbBlockTable> table(database().blockTableId(), AcDb::kForRead);
         EXPECT_EQ(table->getAt(name, id), Acad::eOk);
-        const AcDbObjectPointer<AcDbBlockTableRecord> block(id, AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> entity;
-        EXPECT_EQ(block->newIterator(entity), Acad::eOk);
         std::string classes;
-        for (; !entity->done(); entity->step()) {
-            const AcDbObjectPointer<AcDbEntity> opened(entity->entityId(), AcDb::kForRead);
-            classes += opened->recordName() + " ";
-        }
+        for (const AcDbObjectId entity : entities(id))
+            classes += AcDbObjectPointer<AcDbEntity>(entity, AcDb::kForRead)->recordName() + " ";
         return classes;
     }
     int colorOfLayer(std::wstring_view name)

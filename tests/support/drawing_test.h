@@ -24,18 +24,6 @@ protected:
     {
         return printed.find(text) != std::wstring::npos;
     }
-    std::vector<AcDbObjectId> entities()
-    {
-        std::vector<AcDbObjectId> ids;
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(database().modelSpaceId(),
-                                                            AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-        space->newIterator(walk);
-        for (; !walk->done(); walk->step())
-            ids.push_back(walk->entityId());
-        return ids;
-    }
-    AcDbObjectId last() { return entities().empty() ? AcDbObjectId() : entities().back(); }
 
     // "Line Walls 1 WALLS": the word of the class, the layer, the colour, tables of the records.
     std::string look(AcDbObjectId id)

@@ -31,17 +31,7 @@ protected:
     static std::string plane(const AcGePoint3d& p) { return number(p.x) + "," + number(p.y); }
     static std::string space(const AcGePoint3d& p) { return plane(p) + "," + number(p.z); }
 
-    std::vector<AcDbObjectId> drawn()
-    {
-        std::vector<AcDbObjectId> ids;
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(database().modelSpaceId(),
-                                                            AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-        space->newIterator(walk);
-        for (; !walk->done(); walk->step())
-            ids.push_back(walk->entityId());
-        return ids;
-    }
+    std::vector<AcDbObjectId> drawn() { return entities(); }
     // What a typed text leaves in model space, entities apart by "; ".
     struct Row {
         const wchar_t* typed;

@@ -19,12 +19,8 @@ protected:
     std::vector<GraphicProps> plainObjects()
     {
         std::vector<GraphicProps> objects;
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(database().modelSpaceId(),
-                                                            AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-        EXPECT_EQ(space->newIterator(walk), Acad::eOk);
-        for (; !walk->done(); walk->step()) {
-            const AcDbObjectPointer<AcDbEntity> entity(walk->entityId(), AcDb::kForRead);
+        for (const AcDbObjectId id : entities()) {
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
             GraphicProps props;
             ObjectFromEntity(props, *entity);
             const std::wstring block = props.blockName.value;

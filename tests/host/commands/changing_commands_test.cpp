@@ -65,12 +65,9 @@ protected:
     // The lines of model space, those on the locked layer left out.
     std::string lines()
     {
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(database().modelSpaceId(),
-                                                            AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
         std::string all;
-        for (space->newIterator(walk); !walk->done(); walk->step()) {
-            const AcDbObjectPointer<AcDbLine> line(walk->entityId(), AcDb::kForRead);
+        for (const AcDbObjectId id : entities()) {
+            const AcDbObjectPointer<AcDbLine> line(id, AcDb::kForRead);
             if (!line || line->layer() == L"Locked")
                 continue;
             for (const AcGePoint3d& p : {line->startPoint(), line->endPoint()})

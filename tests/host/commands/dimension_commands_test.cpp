@@ -42,23 +42,7 @@ protected:
         printed();
     }
 
-    std::vector<AcDbObjectId> contents(AcDbObjectId block)
-    {
-        std::vector<AcDbObjectId> ids;
-        const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-        if (!record || record->newIterator(walk) != Acad::eOk)
-            return ids;
-        for (; !walk->done(); walk->step())
-            ids.push_back(walk->entityId());
-        return ids;
-    }
-    std::size_t drawn() { return contents(database().modelSpaceId()).size(); }
-    AcDbObjectId last()
-    {
-        const std::vector<AcDbObjectId> all = contents(database().modelSpaceId());
-        return all.empty() ? AcDbObjectId() : all.back();
-    }
+    std::size_t drawn() { return entities().size(); }
     // Kind, measurement and text.
     std::string dimension()
     {
@@ -66,7 +50,7 @@ protected:
         if (!found)
             return "none";
         std::string text;
-        for (const AcDbObjectId id : contents(found->dimBlockId()))
+        for (const AcDbObjectId id : entities(found->dimBlockId()))
             if (const AcDbObjectPointer<AcDbMText> part(id, AcDb::kForRead); part)
                 text = host::toUtf8(part->text());
         return host::toUtf8(found->isA()->name()) + " " + number(found->measurement()) + " " + text;
@@ -76,7 +60,7 @@ protected:
     {
         std::vector<std::string> lines;
         const AcDbObjectPointer<AcDbDimension> found(last(), AcDb::kForRead);
-        for (const AcDbObjectId id : found ? contents(found->dimBlockId()) : contents({})) {
+        for (const AcDbObjectId id : found ? entities(found->dimBlockId()) : entities({})) {
             const AcDbObjectPointer<AcDbEntity> part(id, AcDb::kForRead);
             if (const auto* line = AcDbLine::cast(part.object()))
                 lines.push_back("line " + place(line->startPoint()) + " " +

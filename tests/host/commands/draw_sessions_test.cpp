@@ -39,14 +39,6 @@ protected:
         open(DxfDrawing()); // of R2000, without any style of multilines or multileaders
         type(L"");
     }
-    AcDbObjectId last()
-    {
-        ads_name name{};
-        AcDbObjectId id;
-        return acdbEntLast(name) == RTNORM && acdbGetObjectId(id, name) == Acad::eOk
-                   ? id
-                   : AcDbObjectId();
-    }
     std::wstring keyOf(AcDbObjectId style)
     {
         const AcDbObjectPointer<AcDbObject> object(style, AcDb::kForRead);

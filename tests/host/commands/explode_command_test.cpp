@@ -47,12 +47,8 @@ protected:
     std::string space()
     {
         std::string text;
-        const AcDbObjectPointer<AcDbBlockTableRecord> block(database().modelSpaceId(),
-                                                            AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-        block->newIterator(walk);
-        for (; !walk->done(); walk->step()) {
-            const AcDbObjectPointer<AcDbEntity> entity(walk->entityId(), AcDb::kForRead);
+        for (const AcDbObjectId id : entities()) {
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
             text += host::toUtf8(entity->isA()->name()).substr(4) + " " +
                     std::to_string(entity->colorIndex()) + "; ";
         }
@@ -118,10 +114,7 @@ TEST_F(ExplodeCommand, DimensionsOutOfABlockAreDrawnAnew)
                                             reference("Plan") + "41\n2.0\n42\n2.0\n43\n2.0\n");
     open(drawing);
     type(L"explode " + picked(plan) + L"\n\n");
-    const AcDbObjectPointer<AcDbBlockTableRecord> space(database().modelSpaceId(), AcDb::kForRead);
-    std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-    space->newIterator(walk);
-    const AcDbObjectPointer<AcDbAlignedDimension> dimension(walk->entityId(), AcDb::kForRead);
+    const AcDbObjectPointer<AcDbAlignedDimension> dimension(entities().front(), AcDb::kForRead);
     ASSERT_TRUE(dimension);
     EXPECT_EQ(dimension->xLine2Point(), AcGePoint3d(20.0, 0.0, 0.0));
     EXPECT_NEAR(dimension->measurement(), 10.0, 1e-9);

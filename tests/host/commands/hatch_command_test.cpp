@@ -21,17 +21,6 @@ protected:
         printed();
     }
 
-    std::vector<AcDbObjectId> entities()
-    {
-        std::vector<AcDbObjectId> ids;
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(database().modelSpaceId(),
-                                                            AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-        if (space && space->newIterator(walk) == Acad::eOk)
-            for (; !walk->done(); walk->step())
-                ids.push_back(walk->entityId());
-        return ids;
-    }
     std::size_t hatches()
     {
         std::size_t count = 0;
@@ -39,7 +28,6 @@ protected:
             count += AcDbObjectPointer<AcDbHatch>(id, AcDb::kForRead) ? 1 : 0;
         return count;
     }
-    AcDbObjectId last() { return entities().empty() ? AcDbObjectId() : entities().back(); }
 
     // Pattern, and "type:sources" of each path.
     std::string hatch()

@@ -45,17 +45,6 @@ protected:
         printed();
     }
 
-    AcDbObjectId last()
-    {
-        AcDbObjectId id;
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(database().modelSpaceId(),
-                                                            AcDb::kForRead);
-        std::unique_ptr<AcDbBlockTableRecordIterator> walk;
-        space->newIterator(walk);
-        for (; !walk->done(); walk->step())
-            id = walk->entityId();
-        return id;
-    }
     // Block, place, factors, degrees; "none" without a reference.
     std::string reference()
     {
