@@ -12,11 +12,18 @@ void UndoLog::beginGroup(std::wstring name)
         open_ = Group{std::move(name), {}};
 }
 
-void UndoLog::endGroup(Drawing&)
+void UndoLog::endGroup(Drawing& drawing)
 {
     if (depth_ == 0 || --depth_ > 0)
         return;
     taken_ = {};
+    std::erase_if(open_.changes, [&](Change& change) {
+        const bool passing = (change.before.flags & kNeverWas) != 0 &&
+                             (drawing.index[change.stub].flags & kErased) != 0;
+        if (passing)
+            swapState(drawing, change);
+        return passing;
+    });
     if (open_.changes.empty())
         return; // a command that changed nothing is no step
     undo_.push_back(std::move(open_));
@@ -39,16 +46,19 @@ void UndoLog::created(Drawing& drawing, std::uint32_t stub)
     open_.changes.push_back({stub, std::move(before)});
 }
 
+void UndoLog::swapState(Drawing& drawing, Change& change)
+{
+    ObjectState now = drawing.state(change.stub);
+    // a creation keeps its contents while it is away
+    if ((change.before.flags & kNeverWas) != 0 && !change.before.tags)
+        change.before.tags = now.tags;
+    drawing.restore(change.stub, change.before);
+    change.before = std::move(now);
+}
+
 void UndoLog::swapStates(Drawing& drawing, Group& group, bool backward)
 {
-    const auto swapOne = [&](Change& change) {
-        ObjectState now = drawing.state(change.stub);
-        // a creation keeps its contents while it is away
-        if ((change.before.flags & kNeverWas) != 0 && !change.before.tags)
-            change.before.tags = now.tags;
-        drawing.restore(change.stub, change.before);
-        change.before = std::move(now);
-    };
+    const auto swapOne = [&](Change& change) { swapState(drawing, change); };
     if (backward)
         std::for_each(group.changes.rbegin(), group.changes.rend(), swapOne);
     else

@@ -24,7 +24,7 @@ struct ObjectState {
 
 // The journal of one drawing: one group for each command, of objects with their state before.
 // Undoing a creation leaves the stub and its handle, erased and marked as never there; redoing
-// clears the mark.
+// clears the mark. What a group created and erased again never was.
 class UndoLog {
 public:
     // Groups nest: only the outermost begin and end count.
@@ -60,6 +60,7 @@ private:
         std::vector<Change> changes;
     };
 
+    static void swapState(Drawing& drawing, Change& change);
     static void swapStates(Drawing& drawing, Group& group, bool backward);
 
     std::deque<Group> undo_;

@@ -140,7 +140,10 @@ TEST_F(UndoTest, AGroupThatChangesNothingIsNoStep)
     begin();
     setRadius(first(), 1); // as it is
     EXPECT_EQ(Circle(second(), AcDb::kForRead)->radius(), 2);
+    const AcDbObjectId passing = add(7);
+    erase(passing);
     end();
+    EXPECT_EQ(Circle(passing, AcDb::kForRead, true).openStatus(), Acad::ePermanentlyErased);
     EXPECT_EQ(log().undoable(), 0u);
     EXPECT_EQ(log().redoable(), 1u) << "looking is no change";
 }
