@@ -1,7 +1,6 @@
 #include "host/db/poly_face_mesh.h"
 
 #include "host/db/exploding.h"
-#include "host/db/transforming.h"
 #include "host/db/vertex.h"
 
 #include <cstdlib>
@@ -38,13 +37,7 @@ bool AcDbPolyFaceMesh::strokes(host::StrokeSink& sink) const
 
 Acad::ErrorStatus AcDbPolyFaceMesh::transformBy(const AcGeMatrix3d& map)
 {
-    const host::PlaneMap mapped(map);
-    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
-    if (status != Acad::eOk)
-        return status;
-    host::mapExtendedData(*this, mapped);
-    host::mapVertices(*this, mapped, host::VertexSpace::world);
-    return Acad::eOk;
+    return host::transformByVertices(*this, *this, map);
 }
 
 Acad::ErrorStatus AcDbPolyFaceMesh::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const

@@ -1,7 +1,6 @@
 #include "host/db/polygon_mesh.h"
 
 #include "host/db/exploding.h"
-#include "host/db/transforming.h"
 #include "host/db/vertex.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbPolygonMesh, AcDbEntity, "POLYLINE")
@@ -56,13 +55,7 @@ bool AcDbPolygonMesh::strokes(host::StrokeSink& sink) const
 
 Acad::ErrorStatus AcDbPolygonMesh::transformBy(const AcGeMatrix3d& map)
 {
-    const host::PlaneMap mapped(map);
-    const Acad::ErrorStatus status = mapped.check(*this, host::PlaneMap::Takes::any);
-    if (status != Acad::eOk)
-        return status;
-    host::mapExtendedData(*this, mapped);
-    host::mapVertices(*this, mapped, host::VertexSpace::world);
-    return Acad::eOk;
+    return host::transformByVertices(*this, *this, map);
 }
 
 Acad::ErrorStatus AcDbPolygonMesh::explode(std::vector<std::unique_ptr<AcDbEntity>>& parts) const

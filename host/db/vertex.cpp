@@ -99,4 +99,16 @@ void mapVertices(const AcDbEntity& parent, const PlaneMap& map, VertexSpace spac
             vertex->follow(map, space);
 }
 
+Acad::ErrorStatus transformByVertices(const AcDbEntity& parent, TagWriter& fields,
+                                      const AcGeMatrix3d& map)
+{
+    const PlaneMap mapped(map);
+    const Acad::ErrorStatus status = mapped.check(parent, PlaneMap::Takes::any);
+    if (status != Acad::eOk)
+        return status;
+    mapExtendedData(fields, mapped);
+    mapVertices(parent, mapped, VertexSpace::world);
+    return Acad::eOk;
+}
+
 } // namespace host

@@ -28,6 +28,10 @@ class PlaneMap;
 // Maps the vertices that hang on an entity, by the coordinates that they are in.
 enum class VertexSpace { plane, world };
 void mapVertices(const AcDbEntity& parent, const PlaneMap& map, VertexSpace space);
+// AcDbEntity::transformBy of an entity whose places are all in its vertices, in the world; `fields`
+// are its own. Takes any map.
+Acad::ErrorStatus transformByVertices(const AcDbEntity& parent, TagWriter& fields,
+                                      const AcGeMatrix3d& map);
 
 } // namespace host
 
